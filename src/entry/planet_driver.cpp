@@ -1,0 +1,72 @@
+#include "entry/planet_driver.h"
+
+#include "ephemeris/series.h"
+#include "time/aberration.h"
+#include "time/constants.h"
+#include "time/julian_day.h"
+#include "time/nutation.h"
+#include "time/obliquity.h"
+#include "time/transforms.h"
+
+namespace zenithor {
+
+namespace {
+
+// Kept on purpose: one subtraction at the top, the sign flipped below 0, and nothing stored for an
+// exact 0 or not-a-number; a longitude of -0.001 degree is stored as 0.001.
+void StoreNormalized(double value, double limit, double& field) {
+  if (value >= limit) {
+    field = value - limit;
+  } else if (value > 0.0) {
+    field = value;
+  } else if (value < 0.0) {
+    field = -value;
+  }
+}
+
+}  // namespace
+
+void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
+                           double /*observer_longitude*/, double /*observer_latitude*/,
+                           BodyCode code, BodyPositionRecord& record) {
+  const double t = JulianCenturies(julian_day);
+  const double epsilon0 = code == ZENITHOR_PLUTO ? kObliquityJ2000 : MeanObliquity(t);
+  const NutationAngles nutation = Nutation(t);
+
+  Spherical body{0.0, 0.0, 0.0};
+  if (code != ZENITHOR_SUN) {
+    body = EvaluateBody(store, code, t);
+    StoreNormalized((body.longitude + nutation.dpsi) * kDegreesPerRadian, 360.0,
+                    record.HelioLongitude);
+    record.HelioLatitude = body.latitude * kDegreesPerRadian;
+    record.HelioDistance = body.radius;
+  }
+
+  if (code != ZENITHOR_EARTH) {
+    const int observer_slot = code == ZENITHOR_PLUTO ? kEarthJ2000Slot : kEarthSlot;
+    const Spherical observer = EvaluateBody(store, observer_slot, t);
+    // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
+    // declination apparent; for Mars the two differ by up to about 40".
+    Spherical place = GeocentricPosition(body, observer);
+    StoreNormalized(place.longitude * kDegreesPerRadian, 360.0, record.GeoLongitude);
+    record.GeoLatitude = place.latitude * kDegreesPerRadian;
+    record.GeoDistance = place.radius;
+
+    if (code != ZENITHOR_SUN) {
+      // Kept on purpose: light time from the geometric distance, once, the observer left in place.
+      body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu);
+      place = GeocentricPosition(body, observer);
+    }
+    Equatorial apparent = EclipticToEquatorial(place.longitude + nutation.dpsi, place.latitude,
+                                               epsilon0 + nutation.deps);
+    // Kept on purpose: aberration with the mean obliquity.
+    AnnualAberration(t, epsilon0, AberrationTerms::kWithEccentricity, apparent);
+    StoreNormalized(apparent.alpha * kHoursPerRadian, 24.0, record.RightAscension);
+    record.Declination = apparent.delta * kDegreesPerRadian;
+  }
+
+  record.Obliquity = epsilon0;
+  record.Centuries = t;
+}
+
+}  // namespace zenithor

@@ -1,0 +1,53 @@
+#include "entry/position_export.h"
+
+#include "entry/planet_driver.h"
+#include "entry/process_store.h"
+#include "time/angles.h"
+#include "time/julian_day.h"
+
+namespace zenithor {
+
+namespace {
+
+constexpr double kNoAnswer = 0.0;
+
+void WriteCalendarFields(double julian_day, BodyPositionRecord& record) {
+  const CalendarInstant instant = JulianDayToCalendar(julian_day);
+  record.Year = instant.Year;
+  record.Month = instant.Month;
+  record.Day = TruncateToInt32(instant.Day);
+  record.Hour = instant.Hour;
+  record.Minute = instant.Minute;
+  record.Second = TruncateToInt32(instant.Second);
+}
+
+// Whether the slots that a planet's place is made of are loaded: the body's own, and the Earth's
+// to look from.
+bool CanComputePlanet(const EphemerisStore& store, BodyCode code) {
+  const bool own_slot = code == ZENITHOR_SUN || IsLoaded(store, code);
+  return own_slot && IsLoaded(store, kEarthSlot);
+}
+
+}  // namespace
+
+double AnswerPositionFrom(const EphemerisStore& store, double julian_day, double observer_longitude,
+                          double observer_latitude, BodyCode code, BodyPositionRecord* record) {
+  if (record == nullptr) {
+    return kNoAnswer;
+  }
+  const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
+  if (!CanComputePlanet(store, planet)) {
+    return kNoAnswer;
+  }
+  WriteCalendarFields(julian_day, *record);
+  ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet, *record);
+  return ZENITHOR_DONE;
+}
+
+double AnswerPosition(double julian_day, double observer_longitude, double observer_latitude,
+                      BodyCode code, BodyPositionRecord* record) {
+  return AnswerPositionFrom(ProcessStore(), julian_day, observer_longitude, observer_latitude, code,
+                            record);
+}
+
+}  // namespace zenithor

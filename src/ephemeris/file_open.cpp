@@ -1,0 +1,78 @@
+#include "ephemeris/file_open.h"
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <cstdlib>
+#else
+#include <sys/stat.h>
+#endif
+
+namespace zenithor {
+
+#ifdef _WIN32
+
+namespace {
+
+// Calls use(wide name) on the name taken as UTF-8; `failure` where it is not UTF-8.
+template <class Result, class Use>
+Result WithWideName(const char* name, Result failure, Use use) {
+  const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, name, -1, nullptr, 0);
+  if (length <= 0) {
+    return failure;
+  }
+  auto* const wide =
+      static_cast<wchar_t*>(std::malloc(static_cast<std::size_t>(length) * sizeof(wchar_t)));
+  if (wide == nullptr) {
+    return failure;
+  }
+  MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, name, -1, wide, length);
+  const Result result = use(wide);
+  std::free(wide);
+  return result;
+}
+
+}  // namespace
+
+bool FileExists(const char* name) {
+  return GetFileAttributesA(name) != INVALID_FILE_ATTRIBUTES ||
+         WithWideName(name, false, [](const wchar_t* wide) {
+           return GetFileAttributesW(wide) != INVALID_FILE_ATTRIBUTES;
+         });
+}
+
+std::FILE* OpenForReading(const char* name) {
+  if (std::FILE* const file = std::fopen(name, "rb")) {
+    return file;
+  }
+  return WithWideName(name, static_cast<std::FILE*>(nullptr),
+                      [](const wchar_t* wide) { return _wfopen(wide, L"rb"); });
+}
+
+#else
+
+bool FileExists(const char* name) {
+  struct stat status {};
+  return stat(name, &status) == 0;
+}
+
+std::FILE* OpenForReading(const char* name) {
+  std::FILE* const file = std::fopen(name, "rb");
+  if (file == nullptr) {
+    return nullptr;
+  }
+  // A directory opens for reading here, but cannot be read.
+  struct stat status {};
+  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
+    std::fclose(file);
+    return nullptr;
+  }
+  return file;
+}
+
+#endif
+
+}  // namespace zenithor

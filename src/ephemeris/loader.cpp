@@ -1,0 +1,102 @@
+#include "ephemeris/loader.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "ephemeris/file_open.h"
+
+namespace zenithor {
+
+namespace {
+
+std::int32_t TotalTermCount(const BodyIndexRecord& record) {
+  std::int32_t total = 0;
+  for (const SeriesRange& range : record.series) {
+    total += range.term_count;
+  }
+  return total;
+}
+
+// Opens prefix + name; null when that fails.
+std::FILE* OpenJoined(const char* prefix, const char* name) {
+  const std::size_t prefix_length = std::strlen(prefix);
+  const std::size_t name_length = std::strlen(name);
+  auto* const path = static_cast<char*>(std::malloc(prefix_length + name_length + 1));
+  if (path == nullptr) {
+    return nullptr;
+  }
+  std::memcpy(path, prefix, prefix_length);
+  std::memcpy(path + prefix_length, name, name_length + 1);
+  std::FILE* const file = OpenForReading(path);
+  std::free(path);
+  return file;
+}
+
+const char* HeapCopy(const char* text) {
+  const std::size_t size = std::strlen(text) + 1;
+  auto* const copy = static_cast<char*>(std::malloc(size));
+  return copy == nullptr ? "" : static_cast<const char*>(std::memcpy(copy, text, size));
+}
+
+}  // namespace
+
+void SetEphemerisFolder(EphemerisStore& store, const char* prefix) {
+  store.series.fill(nullptr);
+  store.term_count.fill(0);
+  store.path_prefix = prefix == nullptr ? "" : HeapCopy(prefix);
+}
+
+LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_name,
+                          const char* data_name) {
+  if (slot < 0 || slot >= kSlotCount) {
+    return LoadStatus::kLoaded;
+  }
+  const auto s = static_cast<std::size_t>(slot);
+  store.series[s] = nullptr;
+  store.term_count[s] = 0;
+
+  store.index_stream = OpenJoined(store.path_prefix, index_name);
+  if (store.index_stream == nullptr) {
+    return LoadStatus::kNoIndexFile;
+  }
+  // Kept on purpose: a load that fails from here on leaves the files it opened open.
+  store.data_stream = OpenJoined(store.path_prefix, data_name);
+  if (store.data_stream == nullptr) {
+    return LoadStatus::kNoDataFile;
+  }
+
+  BodyIndexRecord& record = store.index[s];
+  record = {};
+  if (std::fseek(store.index_stream, slot * static_cast<long>(sizeof record), SEEK_SET) == 0) {
+    static_cast<void>(std::fread(&record, 1, sizeof record, store.index_stream));
+  }
+  const long first = record.series[0].first_term;
+  const std::int32_t total = TotalTermCount(record);
+  if (total < 0) {
+    return LoadStatus::kNoMemory;
+  }
+  // Zeroed, so that a short data file leaves terms that contribute nothing; one term more than
+  // needed, so that an empty series has a block too.
+  auto* const block = static_cast<SeriesTerm*>(
+      std::calloc(static_cast<std::size_t>(total) + 1, sizeof(SeriesTerm)));
+  if (block == nullptr) {
+    return LoadStatus::kNoMemory;
+  }
+  std::size_t read = 0;
+  if (std::fseek(store.data_stream, first * static_cast<long>(sizeof(SeriesTerm)), SEEK_SET) == 0) {
+    read =
+        std::fread(block, sizeof(SeriesTerm), static_cast<std::size_t>(total), store.data_stream);
+  }
+  // A term that the file ends in the middle of may have been read in part.
+  block[read] = {};
+  store.series[s] = block;
+  store.term_count[s] = total;
+  std::fclose(store.data_stream);
+  std::fclose(store.index_stream);
+  store.data_stream = nullptr;
+  store.index_stream = nullptr;
+  return LoadStatus::kLoaded;
+}
+
+}  // namespace zenithor

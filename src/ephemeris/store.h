@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+namespace zenithor {
+
+// The periodic series of the Sun's planets, held in memory. Slot numbers are body codes 0 to 8;
+// slot 0 holds the Earth referred to J2000.0, the observer that goes with Pluto's series.
+
+constexpr int kSlotCount = 9;
+constexpr int kPowerCount = 6;                 // powers of time 0 to 5
+constexpr int kSeriesCount = 3 * kPowerCount;  // L0..L5, B0..B5, R0..R5
+
+constexpr int kEarthSlot = 3;
+constexpr int kEarthJ2000Slot = 0;
+
+// One term of the data file: A cos(B + C t), t in Julian millennia from J2000.0.
+struct SeriesTerm {
+  double amplitude;  // [rad] or [au]
+  double phase;      // [rad]
+  double frequency;  // [rad per Julian millennium]
+};
+static_assert(sizeof(SeriesTerm) == 24, "a term is 24 bytes in the data file");
+
+struct SeriesRange {
+  std::int16_t first_term;  // in the data file; read for the first series of a body only
+  std::int16_t term_count;
+};
+
+// One slot of the index file.
+struct BodyIndexRecord {
+  std::array<SeriesRange, kSeriesCount> series;
+};
+static_assert(sizeof(BodyIndexRecord) == 72, "an index record is 72 bytes");
+
+struct EphemerisStore {
+  std::array<SeriesTerm*, kSlotCount> series{};       // null while a slot is not loaded
+  std::array<std::int32_t, kSlotCount> term_count{};  // terms in the slot's block
+  std::array<BodyIndexRecord, kSlotCount> index{};
+  const char* path_prefix = "";
+  std::FILE* index_stream = nullptr;  // meaningful only during a load
+  std::FILE* data_stream = nullptr;
+};
+
+inline bool IsLoaded(const EphemerisStore& store, int slot) {
+  return slot >= 0 && slot < kSlotCount && store.series[static_cast<std::size_t>(slot)] != nullptr;
+}
+
+}  // namespace zenithor

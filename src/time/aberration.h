@@ -1,0 +1,24 @@
+#pragma once
+
+#include "time/transforms.h"
+
+namespace zenithor {
+
+// Annual aberration in equatorial coordinates and the Sun's longitude that it needs.
+// Source: Meeus, Astronomical Algorithms, chapters 23 and 25.
+
+struct SunLongitude {
+  double longitude;     // [rad] true geometric longitude, not reduced
+  double eccentricity;  // of the Earth's orbit
+};
+
+// T in Julian centuries from J2000.0. Low accuracy: 0.01 degree.
+SunLongitude SunTrueLongitude(double centuries);
+
+enum class AberrationTerms { kCircularOrbit, kWithEccentricity };
+
+// Corrects `place` for annual aberration; epsilon [rad] is the obliquity. At a declination of
+// exactly 90 degrees either way the result is not finite.
+void AnnualAberration(double centuries, double epsilon, AberrationTerms terms, Equatorial& place);
+
+}  // namespace zenithor

@@ -1,0 +1,36 @@
+#pragma once
+
+namespace zenithor {
+
+// Rotations and translations between ecliptic, equatorial, heliocentric and geocentric coordinates.
+// Angles in radians; distances in the unit of their input.
+// Source: Meeus, Astronomical Algorithms, chapters 13 and 33.
+
+struct Spherical {
+  double longitude;
+  double latitude;
+  double radius;
+};
+
+struct Rectangular {
+  double x;
+  double y;
+  double z;
+};
+
+struct Equatorial {
+  double alpha;  // right ascension, [0, 2 pi)
+  double delta;  // declination
+};
+
+Rectangular SphericalToRectangular(const Spherical& place);
+
+// Longitude in [0, 2 pi). The origin itself has no direction: its latitude is not-a-number.
+Spherical RectangularToSpherical(const Rectangular& place);
+
+// The body as seen from the observer, both heliocentric.
+Spherical GeocentricPosition(const Spherical& body, const Spherical& observer);
+
+Equatorial EclipticToEquatorial(double lambda, double beta, double epsilon);
+
+}  // namespace zenithor

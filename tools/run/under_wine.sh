@@ -1,0 +1,22 @@
+#!/bin/sh
+# Runs a Windows program under Wine in a private profile below build/, without Wine's own messages.
+#   under_wine.sh PROGRAM.exe [ARGUMENT...]
+# The profile is made on first use; ZENITHOR_WINEPREFIX names another one.
+set -eu
+root=$(cd "$(dirname "$0")/../.." && pwd)
+WINEPREFIX=${ZENITHOR_WINEPREFIX:-$root/build/wine}
+WINEDEBUG=-all
+WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+export WINEPREFIX WINEDEBUG WINEDLLOVERRIDES
+mkdir -p "$WINEPREFIX"
+if [ ! -f "$WINEPREFIX/.ready" ]; then
+  (
+    flock 9
+    if [ ! -f "$WINEPREFIX/.ready" ]; then
+      wineboot --init >/dev/null 2>&1
+      wineserver --wait
+      : >"$WINEPREFIX/.ready"
+    fi
+  ) 9>"$WINEPREFIX.lock"
+fi
+exec wine "$@"
