@@ -56,9 +56,39 @@ def pluto_terms():
                  "radius sine and cosine [1e-7 au]", out)
 
 
+def lunar_series(path, column, exponent, what):
+    """One lunar series: the rows of a published table whose coefficient is not zero, in its order."""
+    out = []
+    for r in rows_of(path):
+        if int(r[column]) == 0:
+            continue
+        multipliers = ", ".join(r[k] for k in ("d", "m", "mprime", "f"))
+        out.append(f"{{{multipliers}, {scaled(r[column], exponent)}, {abs(int(r['m']))}}},")
+    return table(f"The Moon's {what}: multipliers of D, M, M', F; coefficient "
+                 f"[{'km' if exponent == -3 else 'deg'}]; power of E", out)
+
+
+def lunar_longitude_terms():
+    return lunar_series("data/lunar/table-47a.csv", "longitude_sin_1e-6_degree", -6,
+                        "longitude, sines")
+
+
+def lunar_distance_terms():
+    return lunar_series("data/lunar/table-47a.csv", "distance_cos_1e-3_km", -3,
+                        "distance, cosines")
+
+
+def lunar_latitude_terms():
+    return lunar_series("data/lunar/table-47b.csv", "latitude_sin_1e-6_degree", -6,
+                        "latitude, sines")
+
+
 TABLES = {
     "src/time/nutation_terms.inc": nutation_terms,
     "src/ephemeris/pluto_terms.inc": pluto_terms,
+    "src/moon/longitude_terms.inc": lunar_longitude_terms,
+    "src/moon/distance_terms.inc": lunar_distance_terms,
+    "src/moon/latitude_terms.inc": lunar_latitude_terms,
 }
 
 

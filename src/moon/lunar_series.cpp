@@ -1,0 +1,178 @@
+#include "moon/lunar_series.h"
+
+#include <cmath>
+#include <cstddef>
+#include <iterator>
+
+#include "moon/lunar_arguments.h"
+#include "time/angles.h"
+#include "time/constants.h"
+
+namespace zenithor {
+
+namespace {
+
+// The Moon's mean longitude [deg], rising powers of T.
+// Kept on purpose: the quartic coefficient is positive where the theory has it negative; 0.07" at
+// T = +-5, 18" at +-20.
+constexpr double kMeanLongitude[] = {218.3164591, 481267.88134236, -0.0013268, 1.855835e-06,
+                                     1.53388e-08};
+constexpr double kMeanDistanceKm = 385000.56;
+
+// One term: multipliers of D, M, M' and F, the coefficient, and the power of E it is multiplied by.
+struct LunarTerm {
+  double d, m, mprime, f;
+  double coefficient;
+  int e_power;
+};
+
+constexpr LunarTerm kLongitudeTerms[] = {
+    // coefficients [deg]
+#include "moon/longitude_terms.inc"
+};
+constexpr LunarTerm kLatitudeTerms[] = {
+    // coefficients [deg]
+#include "moon/latitude_terms.inc"
+};
+constexpr LunarTerm kDistanceTerms[] = {
+    // coefficients [km]
+#include "moon/distance_terms.inc"
+};
+
+template <std::size_t N>
+constexpr std::size_t CountWithPower(const LunarTerm (&terms)[N], int e_power) {
+  std::size_t count = 0;
+  for (const LunarTerm& term : terms) {
+    count += term.e_power == e_power ? 1 : 0;
+  }
+  return count;
+}
+
+// Every term carries the power of E that its multiplier of M asks for.
+template <std::size_t N>
+constexpr bool PowersFollowTheSunsAnomaly(const LunarTerm (&terms)[N]) {
+  for (const LunarTerm& term : terms) {
+    if (term.m != term.e_power && term.m != -term.e_power) {
+      return false;
+    }
+  }
+  return true;
+}
+
+template <std::size_t N>
+constexpr double SmallestCoefficient(const LunarTerm (&terms)[N]) {
+  double smallest = 1e9;
+  for (const LunarTerm& term : terms) {
+    const double magnitude = term.coefficient < 0.0 ? -term.coefficient : term.coefficient;
+    smallest = magnitude < smallest ? magnitude : smallest;
+  }
+  return smallest;
+}
+
+static_assert(std::size(kLongitudeTerms) == 59, "59 rows of table 47.A have a longitude");
+static_assert(CountWithPower(kLongitudeTerms, 1) == 22 && CountWithPower(kLongitudeTerms, 2) == 6,
+              "of them 22 carry E and 6 carry E squared");
+static_assert(SmallestCoefficient(kLongitudeTerms) == 0.000294, "the longitude is cut there");
+
+static_assert(std::size(kLatitudeTerms) == 60, "table 47.B has 60 rows");
+static_assert(CountWithPower(kLatitudeTerms, 1) == 24 && CountWithPower(kLatitudeTerms, 2) == 2,
+              "of them 24 carry E and 2 carry E squared");
+static_assert(SmallestCoefficient(kLatitudeTerms) == 0.000107, "the latitude is cut there");
+
+static_assert(std::size(kDistanceTerms) == 46, "46 rows of table 47.A have a distance");
+static_assert(CountWithPower(kDistanceTerms, 1) == 16 && CountWithPower(kDistanceTerms, 2) == 5,
+              "of them 16 carry E and 5 carry E squared");
+static_assert(SmallestCoefficient(kDistanceTerms) == 1.117, "the distance is cut there");
+
+static_assert(PowersFollowTheSunsAnomaly(kLongitudeTerms) &&
+                  PowersFollowTheSunsAnomaly(kLatitudeTerms) &&
+                  PowersFollowTheSunsAnomaly(kDistanceTerms),
+              "E goes with the first multiple of M, its square with the second");
+
+// The sum over one table, in its order. `trigonometric` is the sine or the cosine; all of them that
+// a series needs are taken in the one loop in the middle.
+template <std::size_t N, class Function>
+double SumTerms(const LunarTerm (&terms)[N], const LunarSeriesState& state,
+                Function trigonometric) {
+  double values[N];
+  for (std::size_t k = 0; k < N; ++k) {
+    const LunarTerm& term = terms[k];
+    values[k] = term.d * state.D + term.m * state.M + term.mprime * state.Mprime + term.f * state.F;
+  }
+  for (double& value : values) {
+    value = trigonometric(value);
+  }
+  const double eccentricity[] = {1.0, state.E, state.E_squared};
+  double sum = 0.0;
+  for (std::size_t k = 0; k < N; ++k) {
+    sum += terms[k].coefficient * values[k] * eccentricity[terms[k].e_power];
+  }
+  return sum;
+}
+
+double Sine(double angle) { return std::sin(angle); }
+double Cosine(double angle) { return std::cos(angle); }
+
+}  // namespace
+
+double SumLunarLongitudeTerms(const LunarSeriesState& state) {
+  return SumTerms(kLongitudeTerms, state, Sine);
+}
+
+double SumLunarLatitudeTerms(const LunarSeriesState& state) {
+  return SumTerms(kLatitudeTerms, state, Sine);
+}
+
+double SumLunarDistanceTerms(const LunarSeriesState& state) {
+  return SumTerms(kDistanceTerms, state, Cosine);
+}
+
+double LiftAboveZero(double angle) {
+  while (angle < 0.0) {
+    const double next = angle + kTwoPi;
+    if (next == angle) {
+      return angle;  // a turn is lost in rounding, now and for ever
+    }
+    // Between two powers of two every turn adds the same rounded amount, so all but the last of
+    // them can be added at once; their sum is exact.
+    double skipped = 0.0;
+    if (next < 0.0 && std::ilogb(next) == std::ilogb(angle)) {
+      const double step = (next + kTwoPi) - next;
+      const double room = -next - std::ldexp(1.0, std::ilogb(next));
+      skipped = std::fmax(0.0, std::floor(room / step) - 1.0) * step;
+    }
+    angle = next + skipped;
+  }
+  return angle;
+}
+
+LunarPosition ComputeLunarPosition(double centuries) {
+  const double lprime =
+      ReduceAngle(EvaluatePolynomial(kMeanLongitude, 4, centuries) * kRadiansPerDegree);
+  const LunarArguments arguments = ComputeLunarArguments(centuries);
+  // Additive arguments: Venus, Jupiter, and the flattening of the Earth.
+  const double a1 = (131.849 * centuries + 119.75) * kRadiansPerDegree;
+  const double a2 = (479264.29 * centuries + 53.09) * kRadiansPerDegree;
+  const double a3 = (481266.484 * centuries + 313.45) * kRadiansPerDegree;
+
+  const LunarSeriesState state{arguments.D, arguments.M, arguments.Mprime,
+                               arguments.F, arguments.E, arguments.E * arguments.E};
+  double longitude = SumLunarLongitudeTerms(state);
+  double latitude = SumLunarLatitudeTerms(state);
+  const double distance = SumLunarDistanceTerms(state);
+
+  longitude +=
+      0.003958 * std::sin(a1) + 0.001962 * std::sin(lprime - state.F) + 0.000318 * std::sin(a2);
+  // The published pair 0.000175 sin(A1 - F) + 0.000175 sin(A1 + F) as one product.
+  latitude += -0.002235 * std::sin(lprime) + 0.000382 * std::sin(a3) +
+              0.00035 * std::sin(a1) * std::cos(state.F) +
+              0.000127 * std::sin(lprime - state.Mprime) -
+              0.000115 * std::sin(lprime + state.Mprime);
+
+  // Kept on purpose: lifted from below only; a longitude just above a full turn stays there, by up
+  // to 6.3 degrees.
+  return {LiftAboveZero(lprime + longitude * kRadiansPerDegree), latitude * kRadiansPerDegree,
+          kMeanDistanceKm + distance};
+}
+
+}  // namespace zenithor
