@@ -1,5 +1,6 @@
 #include "entry/planet_driver.h"
 
+#include "entry/stored_angle.h"
 #include "ephemeris/series.h"
 #include "time/aberration.h"
 #include "time/constants.h"
@@ -9,22 +10,6 @@
 #include "time/transforms.h"
 
 namespace zenithor {
-
-namespace {
-
-// Kept on purpose: one subtraction at the top, the sign flipped below 0, and nothing stored for an
-// exact 0 or not-a-number; a longitude of -0.001 degree is stored as 0.001.
-void StoreNormalized(double value, double limit, double& field) {
-  if (value >= limit) {
-    field = value - limit;
-  } else if (value > 0.0) {
-    field = value;
-  } else if (value < 0.0) {
-    field = -value;
-  }
-}
-
-}  // namespace
 
 void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
                            double /*observer_longitude*/, double /*observer_latitude*/,
@@ -36,8 +21,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
   Spherical body{0.0, 0.0, 0.0};
   if (code != ZENITHOR_SUN) {
     body = EvaluateBody(store, code, t);
-    StoreNormalized((body.longitude + nutation.dpsi) * kDegreesPerRadian, 360.0,
-                    record.HelioLongitude);
+    StoreAngle((body.longitude + nutation.dpsi) * kDegreesPerRadian, 360.0, record.HelioLongitude);
     record.HelioLatitude = body.latitude * kDegreesPerRadian;
     record.HelioDistance = body.radius;
   }
@@ -48,7 +32,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
     // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
     // declination apparent; for Mars the two differ by up to about 40".
     Spherical place = GeocentricPosition(body, observer);
-    StoreNormalized(place.longitude * kDegreesPerRadian, 360.0, record.GeoLongitude);
+    StoreAngle(place.longitude * kDegreesPerRadian, 360.0, record.GeoLongitude);
     record.GeoLatitude = place.latitude * kDegreesPerRadian;
     record.GeoDistance = place.radius;
 
@@ -61,7 +45,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
                                                epsilon0 + nutation.deps);
     // Kept on purpose: aberration with the mean obliquity.
     AnnualAberration(t, epsilon0, AberrationTerms::kWithEccentricity, apparent);
-    StoreNormalized(apparent.alpha * kHoursPerRadian, 24.0, record.RightAscension);
+    StoreAngle(apparent.alpha * kHoursPerRadian, 24.0, record.RightAscension);
     record.Declination = apparent.delta * kDegreesPerRadian;
   }
 

@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "entry/planet_driver.h"
+#include "entry/position_export.h"
+#include "entry/stored_angle.h"
+#include "ephemeris/series.h"
+#include "support/full_store.h"
+#include "support/position_golden.h"
+#include "time/aberration.h"
+#include "time/angles.h"
+#include "time/constants.h"
+#include "time/julian_day.h"
+#include "time/nutation.h"
+#include "time/obliquity.h"
+
+namespace zenithor {
+namespace {
+
+using testing::FullStore;
+using testing::kUntouchedDouble;
+using testing::Published;
+using testing::PublishedValue;
+using testing::UntouchedRecord;
+
+BodyPositionRecord PlanetAt(double julian_day, BodyCode code) {
+  BodyPositionRecord record = UntouchedRecord();
+  ComputePlanetPosition(FullStore(), julian_day, 0.0, 0.0, code, record);
+  return record;
+}
+
+void ExpectPublished(const char* example, const char* quantity, double actual) {
+  const PublishedValue book = Published(example, quantity);
+  EXPECT_NEAR(actual, book.value, book.allowed) << example << " " << quantity;
+}
+
+// 1992 October 13, 0h dynamical time, with the complete VSOP87.
+TEST(PlanetDriver, PlacesTheSunWhereTheBookHasIt) {
+  const BodyPositionRecord sun = PlanetAt(2448908.5, ZENITHOR_SUN);
+  ExpectPublished("25.b", "RightAscension", sun.RightAscension);
+  ExpectPublished("25.b", "Declination", sun.Declination);
+  ExpectPublished("25.b", "GeoDistance", sun.GeoDistance);
+  ExpectPublished("25.b", "GeoLongitude", sun.GeoLongitude);
+}
+
+// 1992 December 20, 0h dynamical time.
+TEST(PlanetDriver, PlacesVenusWhereTheBookHasIt) {
+  const BodyPositionRecord venus = PlanetAt(2448976.5, ZENITHOR_VENUS);
+  const double dpsi = Nutation(JulianCenturies(2448976.5)).dpsi * kDegreesPerRadian;
+  ExpectPublished("33.a", "RightAscension", venus.RightAscension);
+  ExpectPublished("33.a", "Declination", venus.Declination);
+  ExpectPublished("32.a", "HelioLongitude minus nutation", venus.HelioLongitude - dpsi);
+  ExpectPublished("32.a", "HelioLatitude", venus.HelioLatitude);
+  ExpectPublished("32.a", "HelioDistance", venus.HelioDistance);
+}
+
+TEST(PlanetDriver, LeavesTheHeliocentricFieldsOfTheSun) {
+  const BodyPositionRecord sun = PlanetAt(2451545.0, ZENITHOR_SUN);
+  EXPECT_EQ(sun.HelioLongitude, kUntouchedDouble);
+  EXPECT_EQ(sun.HelioLatitude, kUntouchedDouble);
+  EXPECT_EQ(sun.HelioDistance, kUntouchedDouble);
+  EXPECT_NE(sun.GeoLongitude, kUntouchedDouble);
+  EXPECT_EQ(sun.Obliquity, MeanObliquity(0.0));
+  EXPECT_EQ(sun.Centuries, 0.0);
+}
+
+TEST(PlanetDriver, LeavesTheGeocentricFieldsOfTheEarth) {
+  const BodyPositionRecord earth = PlanetAt(2451545.0, ZENITHOR_EARTH);
+  EXPECT_NE(earth.HelioLongitude, kUntouchedDouble);
+  EXPECT_EQ(earth.GeoLongitude, kUntouchedDouble);
+  EXPECT_EQ(earth.GeoLatitude, kUntouchedDouble);
+  EXPECT_EQ(earth.GeoDistance, kUntouchedDouble);
+  EXPECT_EQ(earth.RightAscension, kUntouchedDouble);
+  EXPECT_EQ(earth.Declination, kUntouchedDouble);
+  EXPECT_EQ(earth.Centuries, 0.0);
+}
+
+TEST(PlanetDriver, WritesNoFieldOfTheMoonAndNoReservedField) {
+  for (BodyCode code = ZENITHOR_SUN; code <= ZENITHOR_NEPTUNE; ++code) {
+    const BodyPositionRecord record = PlanetAt(2453000.25, code);
+    EXPECT_EQ(record.MoonPhaseAngle, kUntouchedDouble);
+    EXPECT_EQ(record.MoonAxisPositionAngle, kUntouchedDouble);
+    EXPECT_EQ(record.MoonIlluminatedFraction, kUntouchedDouble);
+    for (const double reserved : record.ReservedA) {
+      EXPECT_EQ(reserved, kUntouchedDouble);
+    }
+  }
+}
+
+TEST(PlanetDriver, DoesNotLookAtTheObserver) {
+  BodyPositionRecord here = UntouchedRecord();
+  BodyPositionRecord there = UntouchedRecord();
+  ComputePlanetPosition(FullStore(), 2453000.25, 0.0, 0.0, ZENITHOR_MARS, here);
+  ComputePlanetPosition(FullStore(), 2453000.25, 123.0, std::numeric_limits<double>::quiet_NaN(),
+                        ZENITHOR_MARS, there);
+  EXPECT_TRUE(
+      std::equal(testing::Doubles(here), testing::Doubles(here) + 17, testing::Doubles(there)));
+}
+
+// Code 9 comes here only from inside: Pluto's table seen from the Earth of J2000.0.
+TEST(PlanetDriver, AnswersPlutoFromItsTableWithTheObliquityOfJ2000) {
+  const BodyPositionRecord pluto = PlanetAt(2448908.5, ZENITHOR_PLUTO);
+  EXPECT_EQ(pluto.Obliquity, kObliquityJ2000);
+  // Meeus, example 37.a (232.74071, 14.58782, 29.711111), within what the multipliers -1 cost.
+  const double dpsi = Nutation(JulianCenturies(2448908.5)).dpsi * kDegreesPerRadian;
+  EXPECT_NEAR(pluto.HelioLongitude - dpsi, 232.74071, 0.06);
+  EXPECT_NEAR(pluto.HelioLatitude, 14.58782, 0.03);
+  EXPECT_NEAR(pluto.HelioDistance, 29.711111, 0.014);
+  // The same example's astrometric place, 15h31m43.8s and -4d27'29", moved by nutation and
+  // aberration (30") and by the equinox of J2000.0 that both share.
+  EXPECT_NEAR(pluto.RightAscension, 15.0 + 31.0 / 60.0 + 43.8 / 3600.0, 0.01);
+  EXPECT_NEAR(pluto.Declination, -(4.0 + 27.0 / 60.0 + 29.0 / 3600.0), 0.06);
+}
+
+TEST(StoreAngle, SubtractsTheLimitOnce) {
+  double field = kUntouchedDouble;
+  StoreAngle(24.0, 24.0, field);
+  EXPECT_EQ(field, 0.0);
+  StoreAngle(730.0, 360.0, field);
+  EXPECT_EQ(field, 370.0);
+}
+
+TEST(KeptOnPurpose, ANegativeAngleIsStoredWithItsSignFlipped) {
+  double field = kUntouchedDouble;
+  StoreAngle(-0.001, 360.0, field);
+  EXPECT_EQ(field, 0.001);
+}
+
+TEST(KeptOnPurpose, AnAngleOfZeroOrNotANumberIsNotStored) {
+  double field = kUntouchedDouble;
+  StoreAngle(0.0, 360.0, field);
+  EXPECT_EQ(field, kUntouchedDouble);
+  StoreAngle(-0.0, 360.0, field);
+  EXPECT_EQ(field, kUntouchedDouble);
+  StoreAngle(std::numeric_limits<double>::quiet_NaN(), 24.0, field);
+  EXPECT_EQ(field, kUntouchedDouble);
+}
+
+// On 2000 February 2 Mercury's series longitude passes 0 while the nutation is -0.0036 degree, so
+// that the sum is negative: 0.00367 is stored, not 359.99633.
+TEST(KeptOnPurpose, MercuryJustBelowZeroLongitudeIsStoredPositive) {
+  const double day = 2451576.6858602376;
+  EXPECT_GT(PlanetAt(day - 1e-6, ZENITHOR_MERCURY).HelioLongitude, 359.996);
+  EXPECT_NEAR(PlanetAt(day, ZENITHOR_MERCURY).HelioLongitude, 0.00367134, 1e-6);
+}
+
+// At the equinox of 2000 March 20 the Sun's right ascension is slightly negative.
+TEST(KeptOnPurpose, TheSunsRightAscensionJustBelowZeroIsStoredPositive) {
+  const double day = 2451623.8111662063;
+  EXPECT_GT(PlanetAt(day - 1e-6, ZENITHOR_SUN).RightAscension, 23.9996);
+  EXPECT_NEAR(PlanetAt(day, ZENITHOR_SUN).RightAscension, 0.00034953, 1e-7);
+}
+
+TEST(KeptOnPurpose, GeoLongitudeIsGeometricWhileRightAscensionIsApparent) {
+  // Largest difference between the stored longitude and the one that right ascension and
+  // declination belong to: about 40" for an inner planet, half light time and half aberration.
+  double worst = 0.0;
+  for (double day = 2451545.0; day < 2451545.0 + 800.0; day += 1.7) {
+    const BodyPositionRecord mercury = PlanetAt(day, ZENITHOR_MERCURY);
+    const double t = JulianCenturies(day);
+    const NutationAngles nutation = Nutation(t);
+    const Equatorial place{mercury.RightAscension / kHoursPerRadian,
+                           mercury.Declination * kRadiansPerDegree};
+    // Back to the true ecliptic of date: the rotation with the opposite obliquity.
+    const Equatorial ecliptic =
+        EclipticToEquatorial(place.alpha, place.delta, -(MeanObliquity(t) + nutation.deps));
+    const double apparent = ecliptic.alpha - nutation.dpsi;
+    worst = std::max(
+        worst, std::fabs(ReduceAngleSigned(apparent - mercury.GeoLongitude * kRadiansPerDegree)));
+  }
+  EXPECT_GT(worst / kRadiansPerArcsecond, 35.0);
+  EXPECT_LT(worst / kRadiansPerArcsecond, 60.0);
+}
+
+TEST(KeptOnPurpose, LightTimeIsTakenOnce) {
+  // What a second iteration would change in the geocentric place of Mercury over eight years.
+  double worst = 0.0;
+  for (double day = 2451545.0; day < 2451545.0 + 2922.0; day += 2.3) {
+    const double t = JulianCenturies(day);
+    const Spherical observer = EvaluateBody(FullStore(), 3, t);
+    const auto place_at = [&](double distance) {
+      return GeocentricPosition(EvaluateBody(FullStore(), 1, t - distance * kLightTimePerAu),
+                                observer);
+    };
+    const Spherical once =
+        place_at(GeocentricPosition(EvaluateBody(FullStore(), 1, t), observer).radius);
+    const Spherical twice = place_at(once.radius);
+    worst = std::max(worst, std::fabs(ReduceAngleSigned(twice.longitude - once.longitude)));
+  }
+  EXPECT_GT(worst / kRadiansPerArcsecond, 0.0005);
+  EXPECT_LT(worst / kRadiansPerArcsecond, 0.01);
+  RecordProperty("worst_arcsec", std::to_string(worst / kRadiansPerArcsecond));
+}
+
+TEST(KeptOnPurpose, AberrationTakesTheMeanObliquity) {
+  double worst = 0.0;
+  for (double day = 2451545.0; day < 2451545.0 + 7000.0; day += 9.1) {
+    const double t = JulianCenturies(day);
+    Equatorial mean{1.0 + day * 0.01, 0.3};
+    Equatorial with_true = mean;
+    AnnualAberration(t, MeanObliquity(t), AberrationTerms::kWithEccentricity, mean);
+    AnnualAberration(t, MeanObliquity(t) + Nutation(t).deps, AberrationTerms::kWithEccentricity,
+                     with_true);
+    worst = std::max(worst, std::fabs(mean.alpha - with_true.alpha));
+    worst = std::max(worst, std::fabs(mean.delta - with_true.delta));
+  }
+  EXPECT_GT(worst / kRadiansPerArcsecond, 0.0001);
+  EXPECT_LT(worst / kRadiansPerArcsecond, 0.001);
+}
+
+}  // namespace
+}  // namespace zenithor

@@ -1,0 +1,183 @@
+// Obliquity, nutation, sidereal time and the observer's parallax.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/text_files.h"
+#include "time/angles.h"
+#include "time/constants.h"
+#include "time/julian_day.h"
+#include "time/nutation.h"
+#include "time/obliquity.h"
+#include "time/parallax.h"
+#include "time/sidereal_time.h"
+
+namespace zenithor {
+namespace {
+
+using testing::Published;
+using testing::PublishedValue;
+
+constexpr double k1987April10 = 2446895.5;
+
+TEST(MeanObliquity, OfJ2000IsTheConstantOfThePolynomial) {
+  EXPECT_DOUBLE_EQ(MeanObliquity(0.0), 84381.448 * kRadiansPerArcsecond);
+}
+
+TEST(MeanObliquity, MeetsTheBook) {
+  const PublishedValue book = Published("22.a", "epsilon0");
+  EXPECT_NEAR(MeanObliquity(JulianCenturies(k1987April10)) * kDegreesPerRadian, book.value,
+              book.allowed);
+}
+
+TEST(CachedObliquity, RecomputesNothingForTheSameDay) {
+  ObliquityCache cache;
+  CachedObliquity(2440000.5, cache);
+  EXPECT_NEAR(cache.epsilon * kDegreesPerRadian, 23.4434, 1e-3);
+  EXPECT_EQ(cache.cos_epsilon, std::cos(cache.epsilon));
+  EXPECT_EQ(cache.sin_epsilon, std::sin(cache.epsilon));
+  cache.epsilon = 99.0;  // a value that no computation gives
+  CachedObliquity(2440000.5, cache);
+  EXPECT_EQ(cache.epsilon, 99.0);
+  CachedObliquity(2440001.5, cache);
+  EXPECT_NE(cache.epsilon, 99.0);
+}
+
+TEST(CachedObliquity, KeptOnPurposeStartsAtTheDayMinusOne) {
+  ObliquityCache cache;
+  CachedObliquity(-1.0, cache);
+  EXPECT_EQ(cache.epsilon, 0.0);
+  EXPECT_EQ(cache.cos_epsilon, 0.0);
+  EXPECT_EQ(cache.sin_epsilon, 0.0);
+  CachedObliquity(kJ2000, cache);
+  CachedObliquity(-1.0, cache);
+  EXPECT_GT(cache.epsilon, 0.4);
+}
+
+TEST(KeptOnPurpose, TheTwoObliquitiesDiffer) {
+  // 0.041827 arcsecond at J2000.0: the two polynomials have different constants.
+  ObliquityCache cache;
+  CachedObliquity(kJ2000, cache);
+  EXPECT_NEAR((MeanObliquity(0.0) - cache.epsilon) / kRadiansPerArcsecond, 0.041827, 1e-6);
+}
+
+TEST(Nutation, MeetsTheBook) {
+  const NutationAngles nutation = Nutation(JulianCenturies(k1987April10));
+  const PublishedValue dpsi = Published("22.a", "dpsi");
+  const PublishedValue deps = Published("22.a", "deps");
+  EXPECT_NEAR(nutation.dpsi / kRadiansPerArcsecond, dpsi.value, dpsi.allowed);
+  EXPECT_NEAR(nutation.deps / kRadiansPerArcsecond, deps.value, deps.allowed);
+}
+
+TEST(Nutation, OfJ2000IsOfTheOrderOfTenMicroradians) {
+  const NutationAngles nutation = Nutation(0.0);
+  EXPECT_NE(nutation.dpsi, 0.0);
+  EXPECT_LT(std::fabs(nutation.dpsi), 1e-4);
+  EXPECT_LT(std::fabs(nutation.deps), 1e-4);
+  // 18.6-year mean amplitude: neither exceeds 20" and 10" over a full period of the node.
+  for (double t = -1.0; t < 1.0; t += 0.0017) {
+    const NutationAngles n = Nutation(t);
+    ASSERT_LT(std::fabs(n.dpsi), 20.0 * kRadiansPerArcsecond) << t;
+    ASSERT_LT(std::fabs(n.deps), 10.5 * kRadiansPerArcsecond) << t;
+  }
+}
+
+TEST(GreenwichMeanSiderealTime, MeetsTheBookAtZeroHours) {
+  const PublishedValue book = Published("12.a", "mean at 0h UT");
+  const double theta = GreenwichMeanSiderealTime(k1987April10, JulianCenturies(k1987April10));
+  EXPECT_NEAR(ReduceAngle(theta) * kHoursPerRadian, book.value, book.allowed);
+}
+
+// Meeus, example 12.b: 1987 April 10 at 19h21m00s UT, 8h34m57.0896s.
+TEST(GreenwichMeanSiderealTime, MeetsTheBookAtAnyInstant) {
+  const double day = 2446896.30625;
+  const double theta = GreenwichMeanSiderealTime(day, JulianCenturies(day));
+  const double expected_hours = 8.0 + 34.0 / 60.0 + 57.0896 / 3600.0;
+  // The day number holds the instant to 4e-5 second.
+  EXPECT_NEAR(ReduceAngle(theta) * kHoursPerRadian, expected_hours, 5e-5 / 3600.0);
+}
+
+TEST(ObserverGeocentricTerms, MeetTheBook) {
+  const double latitude = (33.0 + 21.0 / 60.0 + 22.0 / 3600.0) * kRadiansPerDegree;
+  const ObserverTerms observer = ObserverGeocentricTerms(latitude, 1706.0);
+  const PublishedValue sine = Published("11.a", "rho sin phi");
+  const PublishedValue cosine = Published("11.a", "rho cos phi");
+  EXPECT_NEAR(observer.rho_sin_phi, sine.value, sine.allowed);
+  EXPECT_NEAR(observer.rho_cos_phi, cosine.value, cosine.allowed);
+}
+
+TEST(ObserverGeocentricTerms, OfTheEquatorAreOneAndZero) {
+  const ObserverTerms observer = ObserverGeocentricTerms(0.0, 0.0);
+  EXPECT_EQ(observer.rho_cos_phi, 1.0);
+  EXPECT_EQ(observer.rho_sin_phi, 0.0);
+}
+
+// Mars as in Meeus, example 40.a: 2003 August 28 at 3h17m UT, from Palomar.
+struct MarsFromPalomar {
+  double parallax_sine = std::sin(23.592 * kRadiansPerArcsecond);
+  ObserverTerms observer{0.836339, 0.546861};
+  double alpha = 339.530208 * kRadiansPerDegree;
+  double delta = -15.771083 * kRadiansPerDegree;
+  double sidereal_time;
+
+  MarsFromPalomar() {
+    const double day = 2452879.63681;
+    const double west = (7.0 + 47.0 / 60.0 + 27.0 / 3600.0) / kHoursPerRadian;
+    sidereal_time = ReduceAngle(GreenwichMeanSiderealTime(day, JulianCenturies(day)) - west);
+  }
+};
+
+TEST(ParallaxRectangular, MeetsTheBook) {
+  MarsFromPalomar mars;
+  double distance = 1.0;
+  ParallaxRectangular(mars.parallax_sine, mars.sidereal_time, mars.observer, mars.alpha, mars.delta,
+                      distance);
+  const PublishedValue alpha = Published("40.a", "alpha");
+  const PublishedValue delta = Published("40.a", "delta");
+  EXPECT_NEAR(mars.alpha * kDegreesPerRadian, alpha.value, alpha.allowed);
+  EXPECT_NEAR(mars.delta * kDegreesPerRadian, delta.value, delta.allowed);
+}
+
+TEST(Parallax, ItsThreeFormsAgreeForMars) {
+  const MarsFromPalomar mars;
+  double strict_alpha = mars.alpha;
+  double strict_delta = mars.delta;
+  ParallaxStrict(mars.parallax_sine, mars.sidereal_time, mars.observer, strict_alpha, strict_delta);
+  double near_alpha = mars.alpha;
+  double near_delta = mars.delta;
+  ParallaxApproximate(mars.parallax_sine, mars.sidereal_time, mars.observer, near_alpha,
+                      near_delta);
+  double alpha = mars.alpha;
+  double delta = mars.delta;
+  double distance = 1.0;
+  ParallaxRectangular(mars.parallax_sine, mars.sidereal_time, mars.observer, alpha, delta,
+                      distance);
+  EXPECT_NEAR(strict_alpha, alpha, 1e-14);
+  EXPECT_NEAR(strict_delta, delta, 1e-14);
+  // First order: what is left out is of the order of the parallax squared, (1.1e-4)^2.
+  EXPECT_NEAR(near_alpha, alpha, 3e-8);
+  EXPECT_NEAR(near_delta, delta, 3e-8);
+}
+
+TEST(ParallaxRectangular, OfNoParallaxOnlyReducesTheRightAscension) {
+  double alpha = -1.0;
+  double delta = 0.3;
+  double distance = 5.0;
+  ParallaxRectangular(0.0, 2.0, {0.8, 0.6}, alpha, delta, distance);
+  EXPECT_NEAR(alpha, kTwoPi - 1.0, 1e-15);
+  EXPECT_NEAR(delta, 0.3, 1e-15);
+  EXPECT_NEAR(distance, 5.0, 1e-14);
+}
+
+TEST(KeptOnPurpose, ParallaxRectangularDividesTheDistance) {
+  // A body in the zenith of the equator is nearer by the parallax; the quotient makes it farther.
+  double alpha = 1.0;
+  double delta = 0.0;
+  double distance = 1.0;
+  ParallaxRectangular(0.01, 1.0, {1.0, 0.0}, alpha, delta, distance);
+  EXPECT_NEAR(distance, 1.0 / 0.99, 1e-15);
+}
+
+}  // namespace
+}  // namespace zenithor

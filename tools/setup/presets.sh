@@ -1,0 +1,16 @@
+#!/bin/bash
+# Prints the presets that this machine can build and run, of those asked for.
+set -u
+for preset in "$@"; do
+  case $preset in
+    win32 | win32-unit) needs="i686-w64-mingw32-g++-posix i686-w64-mingw32-g++-win32 wine" ;;
+    win64) needs="x86_64-w64-mingw32-g++-win32" ;;
+    fuzz) needs="clang++" ;;
+    *) needs="g++" ;;
+  esac
+  can=yes
+  for tool in $needs; do
+    command -v "$tool" >/dev/null || can=
+  done
+  [ -z "$can" ] || printf '%s ' "$preset"
+done
