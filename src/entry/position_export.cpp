@@ -2,6 +2,7 @@
 
 #include "entry/planet_driver.h"
 #include "entry/process_store.h"
+#include "moon/moon_driver.h"
 #include "time/angles.h"
 #include "time/julian_day.h"
 
@@ -34,6 +35,11 @@ double AnswerPositionFrom(const EphemerisStore& store, double julian_day, double
                           double observer_latitude, BodyCode code, BodyPositionRecord* record) {
   if (record == nullptr) {
     return kNoAnswer;
+  }
+  if (code == ZENITHOR_MOON) {
+    WriteCalendarFields(julian_day, *record);
+    ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, *record);
+    return ZENITHOR_DONE;
   }
   const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
   if (!CanComputePlanet(store, planet)) {

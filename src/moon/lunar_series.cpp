@@ -27,15 +27,15 @@ struct LunarTerm {
 };
 
 constexpr LunarTerm kLongitudeTerms[] = {
-    // coefficients [deg]
+// coefficients [deg]
 #include "moon/longitude_terms.inc"
 };
 constexpr LunarTerm kLatitudeTerms[] = {
-    // coefficients [deg]
+// coefficients [deg]
 #include "moon/latitude_terms.inc"
 };
 constexpr LunarTerm kDistanceTerms[] = {
-    // coefficients [km]
+// coefficients [km]
 #include "moon/distance_terms.inc"
 };
 

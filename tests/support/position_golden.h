@@ -68,9 +68,10 @@ inline double GoldenTolerance(int field, double julian_day, double expected) {
   }
 }
 
-// Runs every golden case through call(PositionCall, BodyPositionRecord*) -> double.
-template <class Call>
-GoldenSummary CheckGoldenPositions(Call call) {
+// Runs the golden cases of the codes that chosen(BodyCode) accepts through
+// call(PositionCall, BodyPositionRecord*) -> double.
+template <class Call, class Chosen>
+GoldenSummary CheckGoldenPositions(Call call, Chosen chosen) {
   GoldenSummary summary;
   for (const GoldenCase& golden : GoldenCases("positions.tsv")) {
     const auto& words = golden.call;
@@ -78,6 +79,9 @@ GoldenSummary CheckGoldenPositions(Call call) {
                                  std::stod(words.at(3)), std::stod(words.at(4)),
                                  std::stod(words.at(5)), std::stod(words.at(6)),
                                  std::stoi(words.at(7))};
+    if (!chosen(arguments.code)) {
+      continue;
+    }
     BodyPositionRecord record = UntouchedRecord();
     const double result = call(arguments, &record);
     ++summary.cases;

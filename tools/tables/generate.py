@@ -83,12 +83,29 @@ def lunar_latitude_terms():
                         "latitude, sines")
 
 
+def libration_terms(quantity):
+    out = []
+    for r in rows_of("data/lunar/physical-libration.csv"):
+        if r["quantity"] != quantity:
+            continue
+        function = {"sin": "Trigonometric::kSine", "cos": "Trigonometric::kCosine"}[r["function"]]
+        multipliers = ", ".join(
+            r[k] for k in ("d", "m", "mprime", "f", "omega", "k1", "k2"))
+        out.append(f"{{{multipliers}, {function}, {scaled(r['coefficient_degree'], 0)}, "
+                   f"{r['e_power']}}},")
+    return table(f"The Moon's physical libration {quantity}: multipliers of D, M, M', F, Omega, "
+                 "K1, K2; function; coefficient [deg]; power of E", out)
+
+
 TABLES = {
     "src/time/nutation_terms.inc": nutation_terms,
     "src/ephemeris/pluto_terms.inc": pluto_terms,
     "src/moon/longitude_terms.inc": lunar_longitude_terms,
     "src/moon/distance_terms.inc": lunar_distance_terms,
     "src/moon/latitude_terms.inc": lunar_latitude_terms,
+    "src/moon/libration_rho_terms.inc": lambda: libration_terms("rho"),
+    "src/moon/libration_sigma_terms.inc": lambda: libration_terms("sigma"),
+    "src/moon/libration_tau_terms.inc": lambda: libration_terms("tau"),
 }
 
 

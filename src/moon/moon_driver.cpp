@@ -1,0 +1,59 @@
+#include "moon/moon_driver.h"
+
+#include "ephemeris/series.h"
+#include "moon/lunar_series.h"
+#include "moon/physical_ephemeris.h"
+#include "time/constants.h"
+#include "time/julian_day.h"
+#include "time/nutation.h"
+#include "time/obliquity.h"
+#include "time/transforms.h"
+
+namespace zenithor {
+
+namespace {
+
+// Kept on purpose: one subtraction at the top and none at the bottom, so a longitude just below 0
+// stays a small negative number; not-a-number stores nothing.
+void StoreLongitude(double degrees, double& field) {
+  if (degrees >= 360.0) {
+    field = degrees - 360.0;
+  } else if (degrees < 360.0) {
+    field = degrees;
+  }
+}
+
+}  // namespace
+
+void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
+                         double /*observer_longitude*/, double /*observer_latitude*/,
+                         BodyPositionRecord& record) {
+  const double t = JulianCenturies(julian_day);
+  const double epsilon0 = MeanObliquity(t);
+  const NutationAngles nutation = Nutation(t);
+  const Spherical sun = EvaluateSunGeocentric(store, kEarthSlot, t);
+  const LunarPosition moon = ComputeLunarPosition(t);
+
+  // Kept on purpose: nutation in longitude is all that lies between the series and the record;
+  // geocentric for every observer, no aberration.
+  const double apparent_lambda = moon.lambda + nutation.dpsi;
+  StoreLongitude(apparent_lambda * kDegreesPerRadian, record.GeoLongitude);
+  record.GeoLatitude = moon.beta * kDegreesPerRadian;
+  record.GeoDistance = moon.distance_km;
+
+  const Equatorial place =
+      EclipticToEquatorial(apparent_lambda, moon.beta, epsilon0 + nutation.deps);
+  record.RightAscension = place.alpha * kHoursPerRadian;
+  record.Declination = place.delta * kDegreesPerRadian;
+
+  // Kept on purpose: these two angles in radians beside coordinates in degrees and hours.
+  const MoonPhysicalEphemeris physical =
+      ComputeMoonPhysicalEphemeris(t, moon, sun, epsilon0, nutation);
+  record.MoonAxisPositionAngle = physical.axis_position_angle;
+  if (IsLoaded(store, kEarthSlot)) {
+    record.MoonPhaseAngle = physical.phase_angle;
+    record.MoonIlluminatedFraction = physical.illuminated_fraction;
+  }
+}
+
+}  // namespace zenithor
