@@ -7,7 +7,6 @@
 #   make data     out/data/archive: the index and the data file
 #   make bench    timings, each beside its baseline
 #   make fuzz     every fuzz target, ten minutes in all
-#   make dist     the SDK archive and the installer in out/dist
 #   make clean    removes build/ and out/
 #
 # run, test, bench and fuzz install what the machine lacks (Debian, as root) and say so in one line.
@@ -19,7 +18,7 @@ ALL_PRESETS := linux win32 win32-unit win64 asan tsan fuzz
 configure = @echo "Building $(1)" && cmake --preset $(1) > /dev/null
 build = $(call configure,$(1)) && cmake --build build/$(1) -j$(JOBS) $(if $(2),--target $(2)) -- --no-print-directory -s
 
-.PHONY: run test bench fuzz dist dll native data clean setup-build setup-test setup-bench
+.PHONY: run test bench fuzz dll native data clean setup-build setup-test setup-bench
 
 run: setup-build data
 	@for preset in $$(tools/setup/presets.sh linux win32); do \
@@ -46,9 +45,6 @@ native: data
 data:
 	@echo "Building the data files" && cmake --preset linux -DZENITHOR_UNIT_TESTS=OFF > /dev/null
 	@cmake --build build/linux -j$(JOBS) --target data -- --no-print-directory -s
-
-dist: dll native
-	@tools/run/dist.sh
 
 clean:
 	@rm -rf build out && echo "Removed build/ and out/"

@@ -82,6 +82,12 @@ TEST(JulianDayToCalendar, IsContinuousFromDayToDay) {
   }
 }
 
+TEST(JulianDayToCalendar, KeptOnPurposeTruncatesBefore4716BCMarch) {
+  ExpectDate(-1400.5, -4716, 3, 2.0);
+  ExpectDate(-1402.5, -4715, 2, 31.0);
+  ExpectDate(-2000.5, -4716, -4, -19.0);
+}
+
 TEST(JulianDayToCalendar, SaturatesWhereThereIsNoCalendarDate) {
   const CalendarInstant late = JulianDayToCalendar(1e300);
   EXPECT_EQ(late.Year, JulianDayToCalendar(2147483646.5).Year);
