@@ -1,10 +1,11 @@
 /* zenithor.h: astronomical positions and events, one exported function per value.
  *
- * Link with the import library, or load the library at run time with ZenithorOpen (below).
+ * Link with the import library, or define ZENITHOR_LOADER before including this header and load the
+ * library at run time with ZenithorOpen (at the end).
  *
  * Conventions of every function here
- *   - C calling convention. Instants are Julian days as doubles; no difference between dynamical and
- *     universal time is applied, except by GEO_RISE, which takes a day number of its own.
+ *   - C calling convention. Instants are Julian days as doubles; no difference between dynamical
+ *     and universal time is applied, except by GEO_RISE, which takes a day number of its own.
  *   - Records are the caller's. A function writes the fields listed at its name and no others; it
  *     keeps no pointer after it returns, allocates nothing that the caller must free, throws
  *     nothing and prints nothing. A null record gives 0.0.
@@ -43,7 +44,14 @@ extern "C" {
 #elif defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
 #define ZENITHOR_STATIC_ASSERT(condition, text) _Static_assert(condition, text)
 #else
-#define ZENITHOR_STATIC_ASSERT(condition, text)
+#define ZENITHOR_STATIC_ASSERT(condition, text) \
+  extern char zenithor_static_assert[(condition) ? 1 : -1]
+#endif
+
+#if defined(__cplusplus) || (defined(__STDC_VERSION__) && __STDC_VERSION__ >= 199901L)
+#define ZENITHOR_INLINE static inline
+#else
+#define ZENITHOR_INLINE static __inline
 #endif
 
 /* ---- Bodies ------------------------------------------------------------------------------- */
@@ -190,6 +198,147 @@ ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Hour) == 20, "Hour");
 ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Minute) == 24, "Minute");
 ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Second) == 28, "Second");
 ZENITHOR_STATIC_ASSERT(sizeof(EventRecord) == 608, "EventRecord is 19 blocks of 32 bytes");
+
+/* ---- Loading at run time ------------------------------------------------------------------ */
+
+/* The types of the 21 functions. */
+typedef double(ZENITHOR_CALL* ZenithorPosition)(double JulianDay, double Ignored1, double Ignored2,
+                                                double ObserverLongitude, double ObserverLatitude,
+                                                double Ignored3, BodyCode Body,
+                                                BodyPositionRecord* Record);
+typedef double(ZENITHOR_CALL* ZenithorSeasonOrPhase)(double JulianDay, double Ignored1,
+                                                     double Ignored2, int32_t Selector,
+                                                     EventRecord* Record);
+typedef double(ZENITHOR_CALL* ZenithorAnyEclipse)(double JulianDay, double Ignored1,
+                                                  double Ignored2, EventRecord* Record);
+typedef double(ZENITHOR_CALL* ZenithorEclipseOfKind)(double JulianDay, EventRecord* Record);
+typedef double(ZENITHOR_CALL* ZenithorRise)(double DayNumber, double Minutes, double ZoneHours,
+                                            double WestLongitude, double Latitude, BodyCode Body,
+                                            int32_t Selector);
+
+/* The functions of a loaded library, each null where the library does not export it. */
+typedef struct ZenithorLibrary {
+  void* Handle; /* HMODULE, or what dlopen returned */
+  ZenithorPosition ZENITHOR;
+  ZenithorSeasonOrPhase SPR_EQUX;
+  ZenithorSeasonOrPhase SUM_SOL;
+  ZenithorSeasonOrPhase FALL_EQUX;
+  ZenithorSeasonOrPhase WIN_SOL;
+  ZenithorSeasonOrPhase NEW_MOON;
+  ZenithorSeasonOrPhase FIRST_QTR;
+  ZenithorSeasonOrPhase FULL_MOON;
+  ZenithorSeasonOrPhase LAST_QTR;
+  ZenithorAnyEclipse ALL_SE;
+  ZenithorEclipseOfKind TOTAL_SE;
+  ZenithorEclipseOfKind ANNULAR_SE;
+  ZenithorEclipseOfKind ANNULAR_TSE;
+  ZenithorEclipseOfKind TOTAL_NCSE;
+  ZenithorEclipseOfKind ANNULAR_NCSE;
+  ZenithorEclipseOfKind PARTIAL_SE;
+  ZenithorAnyEclipse ALL_LE;
+  ZenithorEclipseOfKind TOTAL_LE;
+  ZenithorEclipseOfKind PARTIAL_LE;
+  ZenithorEclipseOfKind PENUM_LE;
+  ZenithorRise GEO_RISE;
+} ZenithorLibrary;
+
+#ifdef ZENITHOR_LOADER
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+#include <string.h>
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(_WIN32)
+typedef wchar_t ZenithorPathCharacter; /* paths are UTF-16 */
+#define ZENITHOR_LIBRARY_NAME L"zenithor.dll"
+#else
+typedef char ZenithorPathCharacter;
+#define ZENITHOR_LIBRARY_NAME "libzenithor.so"
+#endif
+
+/* Sets the function pointer at `function`, `size` bytes wide, to the export of that name. */
+ZENITHOR_INLINE void ZenithorFind(void* handle, const char* exported_name, void* function,
+                                  size_t size) {
+#if defined(_WIN32)
+  const FARPROC address = GetProcAddress((HMODULE)handle, exported_name);
+#else
+  void* const address = dlsym(handle, exported_name);
+#endif
+  memcpy(function, &address, size);
+}
+
+/* Forgets the functions and closes the library. The data that it loaded stay in the process until
+ * its end, so a host opens the library once and keeps it rather than opening it for every call. */
+ZENITHOR_INLINE void ZenithorClose(ZenithorLibrary* library) {
+  if (library->Handle != NULL) {
+#if defined(_WIN32)
+    FreeLibrary((HMODULE)library->Handle);
+#else
+    dlclose(library->Handle);
+#endif
+  }
+  memset(library, 0, sizeof *library);
+}
+
+/* Loads the library from `path` (null: ZENITHOR_LIBRARY_NAME, by the system's search order) and
+ * finds its functions. Returns 1, or 0 with every member null where the library cannot be loaded
+ * (GetLastError or dlerror says why) or does not export ZENITHOR. The data files are read here, and
+ * the warning about a missing one is shown here. A 32-bit process loads the 32-bit library. */
+ZENITHOR_INLINE int ZenithorOpen(ZenithorLibrary* library, const ZenithorPathCharacter* path) {
+  void* handle;
+  memset(library, 0, sizeof *library);
+  if (path == NULL) {
+    path = ZENITHOR_LIBRARY_NAME;
+  }
+#if defined(_WIN32)
+  handle = (void*)LoadLibraryW(path);
+#else
+  handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+#endif
+  if (handle == NULL) {
+    return 0;
+  }
+  library->Handle = handle;
+#define ZENITHOR_FIND(name) ZenithorFind(handle, "_" #name, &library->name, sizeof library->name)
+  ZENITHOR_FIND(ZENITHOR);
+  ZENITHOR_FIND(SPR_EQUX);
+  ZENITHOR_FIND(SUM_SOL);
+  ZENITHOR_FIND(FALL_EQUX);
+  ZENITHOR_FIND(WIN_SOL);
+  ZENITHOR_FIND(NEW_MOON);
+  ZENITHOR_FIND(FIRST_QTR);
+  ZENITHOR_FIND(FULL_MOON);
+  ZENITHOR_FIND(LAST_QTR);
+  ZENITHOR_FIND(ALL_SE);
+  ZENITHOR_FIND(TOTAL_SE);
+  ZENITHOR_FIND(ANNULAR_SE);
+  ZENITHOR_FIND(ANNULAR_TSE);
+  ZENITHOR_FIND(TOTAL_NCSE);
+  ZENITHOR_FIND(ANNULAR_NCSE);
+  ZENITHOR_FIND(PARTIAL_SE);
+  ZENITHOR_FIND(ALL_LE);
+  ZENITHOR_FIND(TOTAL_LE);
+  ZENITHOR_FIND(PARTIAL_LE);
+  ZENITHOR_FIND(PENUM_LE);
+  ZENITHOR_FIND(GEO_RISE);
+#undef ZENITHOR_FIND
+  if (library->ZENITHOR == NULL) {
+    ZenithorClose(library);
+    return 0;
+  }
+  return 1;
+}
+
+#endif /* ZENITHOR_LOADER */
 
 #ifdef __cplusplus
 } /* extern "C" */
