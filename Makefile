@@ -7,9 +7,10 @@
 #   make data     out/data/archive: the index and the data file
 #   make bench    timings, each beside its baseline
 #   make fuzz     every fuzz target, ten minutes in all
+#   make dist     the SDK archive and the installer, in out/dist
 #   make clean    removes build/ and out/
 #
-# run, test, bench and fuzz install what the machine lacks (Debian, as root) and say so in one line.
+# run, test, bench, fuzz and dist install what the machine lacks (Debian, as root) and say so in one line.
 
 SHELL := /bin/bash
 JOBS := $(shell nproc)
@@ -18,7 +19,7 @@ ALL_PRESETS := linux win32 win32-unit win64 asan tsan fuzz
 configure = @echo "Building $(1)" && cmake --preset $(1) > /dev/null
 build = $(call configure,$(1)) && cmake --build build/$(1) -j$(JOBS) $(if $(2),--target $(2)) -- --no-print-directory -s
 
-.PHONY: run test bench fuzz dll native data clean setup-build setup-test setup-bench
+.PHONY: run test bench fuzz dist dll native data clean setup-build setup-test setup-bench
 
 run: setup-build data
 	@for preset in $$(tools/setup/presets.sh linux win32); do \
@@ -45,6 +46,11 @@ native: data
 data:
 	@echo "Building the data files" && cmake --preset linux -DZENITHOR_UNIT_TESTS=OFF > /dev/null
 	@cmake --build build/linux -j$(JOBS) --target data -- --no-print-directory -s
+
+dist: setup-test dll native
+	$(call build,win32,almanac)
+	$(call build,win64,zenithor)
+	@tools/run/dist.sh
 
 clean:
 	@rm -rf build out && echo "Removed build/ and out/"

@@ -14,7 +14,7 @@ case "${1:-build}" in
   build) ;;
   test | bench)
     native="$native googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-14-dev binutils git"
-    windows="$windows xvfb xdotool llvm-14 lld-14"
+    windows="$windows xvfb xdotool llvm-14 lld-14 nsis"
     ;;&
   bench) native="$native libbenchmark-dev libnova-dev valgrind" ;;
   test) ;;
