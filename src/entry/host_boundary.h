@@ -6,54 +6,106 @@
 #error "The host boundary is written for GCC and Clang on x86"
 #endif
 
-// Functions that a host calls directly may find the stack aligned to 4 bytes only on 32-bit x86;
-// SSE2 code needs 16.
-#if defined(__i386__)
-#define ZENITHOR_ENTRY __attribute__((force_align_arg_pointer))
-#else
+// Functions that a host calls directly may find the stack misaligned; SSE2 code needs 16. On 64-bit
+// Windows the unwinder requires the alignment of every caller, and the compiler has no remedy.
+#if defined(_WIN64)
 #define ZENITHOR_ENTRY
+#else
+#define ZENITHOR_ENTRY __attribute__((force_align_arg_pointer))
 #endif
 
 namespace zenithor {
 
-// The one door between a host and the library: while it stands, the floating-point environment is
-// the one that the mathematics needs (x87 stack empty, extended precision, round to nearest, every
-// exception masked, no flush to zero); when it goes, the host's x87 control word and MXCSR are
-// back to the bit, MXCSR's flags included, and no x87 exception flag is set or pending.
+// The one door between a host and the library. Inside, the processor is in the state that the
+// mathematics and the compiler need: x87 stack empty, extended precision, round to nearest, every
+// exception masked, no flush to zero, string instructions counting up. Outside again, the host's
+// x87 control word, MXCSR (its flags included) and direction flag are back to the bit, and no x87
+// exception flag is set or pending.
 //
 // Inline instructions rather than <cfenv>: the latter costs microseconds a call where it asks
 // CPUID.
-class HostBoundary {
- public:
-  HostBoundary() {
-    const std::uint32_t default_mxcsr = 0x1F80;  // all exceptions masked, round to nearest
-    asm volatile("fnstcw %0" : "=m"(x87_control_word_)::"memory");
-    asm volatile("stmxcsr %0" : "=m"(mxcsr_)::"memory");
-    // fninit empties the register stack and sets control word 037F without raising what is pending.
-    asm volatile("fninit" ::
-                     : "memory", "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)",
-                       "st(7)");
-    asm volatile("ldmxcsr %0" ::"m"(default_mxcsr) : "memory");
-  }
-  ~HostBoundary() {
-    asm volatile("fnclex\n\tfldcw %0" ::"m"(x87_control_word_)
-                 : "memory", "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)");
-    asm volatile("ldmxcsr %0" ::"m"(mxcsr_) : "memory");
-  }
-  HostBoundary(const HostBoundary&) = delete;
-  HostBoundary& operator=(const HostBoundary&) = delete;
-
- private:
-  std::uint16_t x87_control_word_ = 0;
-  std::uint32_t mxcsr_ = 0;
+struct HostState {
+  std::uint16_t x87_control_word;
+  std::uint32_t mxcsr;
+  bool counts_down;
 };
+
+// fninit clobbers the whole register stack. The clobbers keep the compiler from holding anything
+// there across the instruction.
+#define ZENITHOR_X87_REGISTERS_BELOW_TOP \
+  "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)"
+
+// None of these instructions raises what the host left pending: fnstcw and fninit do not wait, and
+// fninit drops it.
+inline HostState EnterLibrary() {
+  constexpr std::uint32_t kDirectionFlag = 0x400;
+  const std::uint32_t library_mxcsr = 0x1F80;  // all exceptions masked, round to nearest
+  HostState host;
+#if defined(__x86_64__)
+  host.counts_down = (__builtin_ia32_readeflags_u64() & kDirectionFlag) != 0;
+#else
+  host.counts_down = (__builtin_ia32_readeflags_u32() & kDirectionFlag) != 0;
+#endif
+  asm volatile(
+      "cld\n\t"
+      "fnstcw %0\n\t"
+      "stmxcsr %1\n\t"
+      "fninit\n\t"
+      "ldmxcsr %2"
+      : "=m"(host.x87_control_word), "=m"(host.mxcsr)
+      : "m"(library_mxcsr)
+      : "memory", "cc", "st", ZENITHOR_X87_REGISTERS_BELOW_TOP);
+  return host;
+}
+
+// `result` stays in the register in which it came and goes back to the host, st(0) on 32-bit: a
+// load after the exception flags are cleared would raise them again for a denormal number, and trap
+// in a host that has unmasked them.
+inline void LeaveLibrary(const HostState& host, double& result) {
+#if defined(__i386__)
+#define ZENITHOR_RESULT_REGISTER "+t"
+#define ZENITHOR_X87_CLOBBERS ZENITHOR_X87_REGISTERS_BELOW_TOP
+#else
+#define ZENITHOR_RESULT_REGISTER "+x"
+#define ZENITHOR_X87_CLOBBERS "st", ZENITHOR_X87_REGISTERS_BELOW_TOP
+#endif
+  asm volatile(
+      "fnclex\n\t"
+      "fldcw %1\n\t"
+      "ldmxcsr %2"
+      : ZENITHOR_RESULT_REGISTER(result)
+      : "m"(host.x87_control_word), "m"(host.mxcsr)
+      : "memory", ZENITHOR_X87_CLOBBERS);
+#undef ZENITHOR_RESULT_REGISTER
+#undef ZENITHOR_X87_CLOBBERS
+  if (host.counts_down) {
+    asm volatile("std" ::: "memory", "cc");
+  }
+}
 
 // Calls Routine inside the boundary. Routine must be defined in another translation unit, so that
 // the compiler can move none of its arithmetic out of the boundary.
 template <auto Routine, class... Arguments>
 inline double ThroughBoundary(Arguments... arguments) {
-  const HostBoundary boundary;
-  return Routine(arguments...);
+  const HostState host = EnterLibrary();
+  double result = Routine(arguments...);
+  LeaveLibrary(host, result);
+  return result;
 }
+
+// The boundary for as long as the object stands, for code that the loader calls.
+class HostBoundary {
+ public:
+  HostBoundary() : host_(EnterLibrary()) {}
+  ~HostBoundary() {
+    double no_result = 0.0;
+    LeaveLibrary(host_, no_result);
+  }
+  HostBoundary(const HostBoundary&) = delete;
+  HostBoundary& operator=(const HostBoundary&) = delete;
+
+ private:
+  HostState host_;
+};
 
 }  // namespace zenithor
