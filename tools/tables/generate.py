@@ -97,6 +97,51 @@ def libration_terms(quantity):
                  "K1, K2; function; coefficient [deg]; power of E", out)
 
 
+def season_mean_terms():
+    rows = rows_of("data/events/season-means.csv")
+    out = ["{" + ", ".join(scaled(r[c], 0) for c in ("c0", "c1", "c2", "c3", "c4")) + "},"
+           for r in rows]
+    return table("Mean equinoxes and solstices [day]: March, June, September, December for years "
+                 "below 1000, then for years from 1000 on", out)
+
+
+def season_terms():
+    out = ["{" + ", ".join(scaled(r[c], 0) for c in ("a", "b", "c")) + "},"
+           for r in rows_of("data/events/season-terms.csv")]
+    return table("Equinoxes and solstices: A [1e-5 day], B [deg], C [deg per century]", out)
+
+
+def phase_element_terms():
+    out = [f"{{{', '.join(scaled(r[c], 0) for c in ('r0', 'r1', 'r2', 'r3', 'r4'))}}},"
+           f"  // {r['element']}" for r in rows_of("data/events/phase-elements.csv")]
+    return table("Mean phase [day] and its angles [deg]: r0 + r1 k + r2 T^2 + r3 T^3 + r4 T^4", out)
+
+
+def phase_correction_terms():
+    out = ["{" + ", ".join(scaled(r[c], 0) for c in ("new_moon", "full_moon", "quarter")) + ", " +
+           ", ".join(r[c] for c in ("m", "mprime", "f", "e")) + "},"
+           for r in rows_of("data/events/phase-corrections.csv")]
+    return table("Lunar phases: sine coefficients for new moon, full moon and quarters [day]; "
+                 "multipliers of M, M', F; power of E", out)
+
+
+def phase_planetary_terms():
+    out = ["{" + ", ".join(scaled(r[c], 0) for c in ("a", "b", "c")) + "},"
+           for r in rows_of("data/events/phase-planetary.csv")]
+    return table("Lunar phases, planetary arguments: a [deg], b [deg per lunation], "
+                 "sine coefficient c [day]", out)
+
+
+def eclipse_terms(series, unit):
+    def make():
+        out = [f"{{{scaled(r['coefficient'], 0)}, " +
+               ", ".join(r[c] for c in ("m", "mprime", "f1", "a1", "omega", "e")) + "},"
+               for r in rows_of("data/events/eclipse-series.csv") if r["series"] == series]
+        return table(f"Eclipses, series {series}: coefficient [{unit}]; multipliers of M, M', F1, "
+                     "A1, Omega; power of E", out)
+    return make
+
+
 TABLES = {
     "src/time/nutation_terms.inc": nutation_terms,
     "src/ephemeris/pluto_terms.inc": pluto_terms,
@@ -106,6 +151,15 @@ TABLES = {
     "src/moon/libration_rho_terms.inc": lambda: libration_terms("rho"),
     "src/moon/libration_sigma_terms.inc": lambda: libration_terms("sigma"),
     "src/moon/libration_tau_terms.inc": lambda: libration_terms("tau"),
+    "src/events/season_mean_terms.inc": season_mean_terms,
+    "src/events/season_terms.inc": season_terms,
+    "src/events/phase_element_terms.inc": phase_element_terms,
+    "src/events/phase_correction_terms.inc": phase_correction_terms,
+    "src/events/phase_planetary_terms.inc": phase_planetary_terms,
+    "src/events/eclipse_instant_terms.inc": eclipse_terms("instant", "day"),
+    "src/events/eclipse_p_terms.inc": eclipse_terms("p", "Earth radii"),
+    "src/events/eclipse_q_terms.inc": eclipse_terms("q", "Earth radii"),
+    "src/events/eclipse_u_terms.inc": eclipse_terms("u", "Earth radii"),
 }
 
 

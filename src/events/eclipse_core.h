@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zenithor {
+
+// Kinds of eclipses. Solar eclipses take 1 to 6, lunar eclipses 1, 6 and 7.
+constexpr std::int32_t kTotalEclipse = 1;
+constexpr std::int32_t kAnnularEclipse = 2;
+constexpr std::int32_t kAnnularTotalEclipse = 3;
+constexpr std::int32_t kNonCentralTotalEclipse = 4;
+constexpr std::int32_t kNonCentralAnnularEclipse = 5;
+constexpr std::int32_t kPartialEclipse = 6;
+constexpr std::int32_t kPenumbralEclipse = 7;
+
+// A search that has looked at so many lunations without an eclipse gives up. With a calendar date
+// to start from the longest run known is 20387, near Julian day -8.5e8; from about 1e10 days on the
+// angles are too coarse for a search to end by itself.
+constexpr std::int32_t kLongestSearch = 1000000;
+
+// What decides about an eclipse at one lunation.
+struct EclipseGeometry {
+  double jde;        // Julian Ephemeris Day of greatest eclipse
+  double u;          // [Earth radii] radius of the umbral cone in the fundamental plane
+  double abs_gamma;  // [Earth radii] least distance of the shadow axis from the Earth's centre
+  double mprime;     // [rad] the Moon's mean anomaly
+};
+
+// The eclipse test at lunation k: whole for a new moon, whole + 0.5 for a full moon. Where the Moon
+// is too far from a node (|sin F| not below 0.36, not-a-number included) there is no eclipse: u is
+// 0, |gamma| 2 and jde the mean phase. Source: Meeus, Astronomical Algorithms, chapter 54, with the
+// arguments of chapter 47.
+EclipseGeometry ComputeEclipseGeometry(double k);
+
+// The lunation from which a search beginning at a Julian day starts: that of the first mean new
+// moon more than 0.03 lunation after it.
+double FirstLunationAfter(double julian_day);
+
+}  // namespace zenithor

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zenithor {
+
+struct LunarEclipse {
+  bool found;                    // false when the search was given up; the rest is then 0
+  double jde;                    // Julian Ephemeris Day of greatest eclipse
+  std::int32_t kind;             // 1 total, 6 partial, 7 penumbral, see eclipse_core.h
+  double magnitude;              // in the umbra, of a penumbral eclipse in the penumbra
+  double outer_semiduration;     // [day] of the partial phase, of a penumbral eclipse of that phase
+  double totality_semiduration;  // [day] 0 unless total
+};
+
+// The first lunar eclipse at a mean full moon more than 0.53 lunation after a Julian day. Gives up
+// at once when lunations cannot be counted from there, and after kLongestSearch lunations.
+// Source: Meeus, Astronomical Algorithms, chapter 54.
+LunarEclipse FindLunarEclipse(double julian_day);
+
+}  // namespace zenithor
