@@ -4,7 +4,7 @@ file(STRINGS ${PROJECT_SOURCE_DIR}/src/entry/exports.txt zenithor_exports)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/src/entry/exports.txt)
 
-add_library(zenithor SHARED src/entry/exports.cpp)
+add_library(zenithor SHARED src/entry/exports.cpp src/entry/event_exports.cpp)
 target_link_libraries(zenithor PRIVATE entry zenithor_library_flags)
 set_target_properties(zenithor PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${ZENITHOR_OUT}/${ZENITHOR_PLATFORM}

@@ -167,6 +167,93 @@ typedef struct EventRecord {
   EventTimeBlock Blocks[ZENITHOR_BLOCK_COUNT];
 } EventRecord;
 
+/* All event functions
+ *   JulianDay          [day] the moment to start from
+ *   Ignored1, Ignored2 not read
+ *   Record             the caller's record; the function writes all blocks of its family (filled or
+ *                      zeroed) and leaves every other block as it was
+ * Every instant is dynamical time (Julian Ephemeris Day). Each function reads one block of its
+ * family back and returns its JulianDay: 0.0 when this call did not fill it; other blocks of the
+ * family may then still hold an event. When JulianDay is not finite, and for phases and eclipses
+ * when it is so large (about 2.7e17) that lunations cannot be counted, all its blocks are zeroed. */
+
+/* Equinoxes and solstices: blocks 0 to 3.
+ *   Selector           the event to compute: 0 March equinox, 1 June solstice, 2 September equinox,
+ *                      3 December solstice, that is the number of its block; anything else zeroes
+ *                      all four blocks
+ * The event is that of the calendar year in which JulianDay lies, also when it is over already. The
+ * event selected goes to its own block and the other three are zeroed. Each function reads back its
+ * own block (SPR_EQUX 0, SUM_SOL 1, FALL_EQUX 2, WIN_SOL 3) whatever the selector: with another
+ * selector than its own it returns 0.0. Good to about a minute over the years -1000 to 3000.
+ * Source: Meeus, Astronomical Algorithms, chapter 27. */
+double ZENITHOR_CALL SPR_EQUX(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                              EventRecord* Record) ZENITHOR_EXPORTED_AS("_SPR_EQUX");
+double ZENITHOR_CALL SUM_SOL(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                             EventRecord* Record) ZENITHOR_EXPORTED_AS("_SUM_SOL");
+double ZENITHOR_CALL FALL_EQUX(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                               EventRecord* Record) ZENITHOR_EXPORTED_AS("_FALL_EQUX");
+double ZENITHOR_CALL WIN_SOL(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                             EventRecord* Record) ZENITHOR_EXPORTED_AS("_WIN_SOL");
+
+/* Lunar phases: blocks 4 to 7.
+ *   Selector           the phase to compute: 0 new moon, 1 first quarter, 2 full moon, 3 last
+ *                      quarter, that is its block less 4; anything else zeroes all four blocks
+ * Quarters and full moon are those of the lunation whose mean new moon falls at or before
+ * JulianDay + 1, so they may lie before JulianDay (the first quarter by about three weeks, the full
+ * moon by two, the last quarter by one); the new moon is the first whose mean instant comes after
+ * JulianDay - 6. Each function reads back its own block
+ * (NEW_MOON 4, FIRST_QTR 5, FULL_MOON 6, LAST_QTR 7) whatever the selector: with another selector
+ * than its own it returns 0.0.
+ * Source: Meeus, Astronomical Algorithms, chapter 49; what differs stands in docs/deliberate.md. */
+double ZENITHOR_CALL NEW_MOON(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                              EventRecord* Record) ZENITHOR_EXPORTED_AS("_NEW_MOON");
+double ZENITHOR_CALL FIRST_QTR(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                               EventRecord* Record) ZENITHOR_EXPORTED_AS("_FIRST_QTR");
+double ZENITHOR_CALL FULL_MOON(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                               EventRecord* Record) ZENITHOR_EXPORTED_AS("_FULL_MOON");
+double ZENITHOR_CALL LAST_QTR(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
+                              EventRecord* Record) ZENITHOR_EXPORTED_AS("_LAST_QTR");
+
+/* Solar eclipses: blocks 8 to 14. Each call finds the first solar eclipse after JulianDay - 10 (that
+ * is, at a mean new moon more than 0.03 lunation after it), fills the block of its kind and
+ * the any-kind block 14, and zeroes the others. So an eclipse up to about nine days past is found
+ * again. ALL_SE returns the eclipse whatever its kind. The others read the block of one kind and do
+ * not look further: 0.0 when the first eclipse is of another kind.
+ *   TOTAL_SE      8 total                     TOTAL_NCSE   11 non-central total
+ *   ANNULAR_SE    9 annular                   ANNULAR_NCSE 12 non-central annular
+ *   ANNULAR_TSE  10 annular-total (hybrid)    PARTIAL_SE   13 partial
+ * A search gives up after a million lunations (days about 1e10 and more from now only): 0.0 and all
+ * blocks of the family zeroed. Source: Meeus, Astronomical Algorithms, chapter 54. */
+double ZENITHOR_CALL ALL_SE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_ALL_SE");
+double ZENITHOR_CALL TOTAL_SE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_TOTAL_SE");
+double ZENITHOR_CALL ANNULAR_SE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_ANNULAR_SE");
+double ZENITHOR_CALL ANNULAR_TSE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_ANNULAR_TSE");
+double ZENITHOR_CALL TOTAL_NCSE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_TOTAL_NCSE");
+double ZENITHOR_CALL ANNULAR_NCSE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_ANNULAR_NCSE");
+double ZENITHOR_CALL PARTIAL_SE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_PARTIAL_SE");
+
+/* Lunar eclipses: blocks 15 to 18. As for the Sun, from JulianDay - 22, at a mean full moon more
+ * than 0.53 lunation after it; one up to about six days past is found again. ALL_LE returns the
+ * eclipse whatever its kind, block 18; TOTAL_LE reads block 15 (total), PARTIAL_LE 16 (partial in
+ * the umbra), PENUM_LE 17 (penumbral). Source: Meeus, Astronomical Algorithms, chapter 54; the
+ * instants carry the corrections of solar eclipses on purpose, which moves them by up to 2.3
+ * minutes. */
+double ZENITHOR_CALL ALL_LE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_ALL_LE");
+double ZENITHOR_CALL TOTAL_LE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_TOTAL_LE");
+double ZENITHOR_CALL PARTIAL_LE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_PARTIAL_LE");
+double ZENITHOR_CALL PENUM_LE(double JulianDay, EventRecord* Record)
+    ZENITHOR_EXPORTED_AS("_PENUM_LE");
+
 /* Layout that compiled hosts rely on. */
 ZENITHOR_STATIC_ASSERT(sizeof(BodyPositionRecord) == 160, "BodyPositionRecord is 160 bytes");
 ZENITHOR_STATIC_ASSERT(offsetof(BodyPositionRecord, HelioLongitude) == 0, "field 1");

@@ -4,12 +4,6 @@
 #include "entry/position_export.h"
 #include "zenithor/zenithor.h"
 
-#if defined(_WIN32)
-#define ZENITHOR_EXPORT ZENITHOR_ENTRY  // the module definition file lists the names
-#else
-#define ZENITHOR_EXPORT ZENITHOR_ENTRY __attribute__((visibility("default")))
-#endif
-
 extern "C" {
 
 ZENITHOR_EXPORT double ZENITHOR_CALL ZENITHOR(double JulianDay, double /*Ignored1*/,

@@ -14,6 +14,13 @@
 #define ZENITHOR_ENTRY __attribute__((force_align_arg_pointer))
 #endif
 
+// What every exported function carries.
+#if defined(_WIN32)
+#define ZENITHOR_EXPORT ZENITHOR_ENTRY  // the module definition file lists the names
+#else
+#define ZENITHOR_EXPORT ZENITHOR_ENTRY __attribute__((visibility("default")))
+#endif
+
 namespace zenithor {
 
 // The one door between a host and the library. Inside, the processor is in the state that the
