@@ -2,7 +2,9 @@
 
 #include "entry/planet_driver.h"
 #include "entry/process_store.h"
+#include "entry/thread_state.h"
 #include "moon/moon_driver.h"
+#include "orbits/pluto_pipeline.h"
 #include "time/angles.h"
 #include "time/julian_day.h"
 
@@ -31,14 +33,20 @@ bool CanComputePlanet(const EphemerisStore& store, BodyCode code) {
 
 }  // namespace
 
-double AnswerPositionFrom(const EphemerisStore& store, double julian_day, double observer_longitude,
-                          double observer_latitude, BodyCode code, BodyPositionRecord* record) {
+double AnswerPositionFrom(const EphemerisStore& store, ThreadState& state, double julian_day,
+                          double observer_longitude, double observer_latitude, BodyCode code,
+                          BodyPositionRecord* record) {
   if (record == nullptr) {
     return kNoAnswer;
   }
   if (code == ZENITHOR_MOON) {
     WriteCalendarFields(julian_day, *record);
     ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, *record);
+    return ZENITHOR_DONE;
+  }
+  if (code == ZENITHOR_PLUTO) {
+    WriteCalendarFields(julian_day, *record);
+    ComputePlutoPosition(julian_day, observer_longitude, observer_latitude, state.orbits, *record);
     return ZENITHOR_DONE;
   }
   const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
@@ -52,8 +60,8 @@ double AnswerPositionFrom(const EphemerisStore& store, double julian_day, double
 
 double AnswerPosition(double julian_day, double observer_longitude, double observer_latitude,
                       BodyCode code, BodyPositionRecord* record) {
-  return AnswerPositionFrom(ProcessStore(), julian_day, observer_longitude, observer_latitude, code,
-                            record);
+  return AnswerPositionFrom(ProcessStore(), CurrentThreadState(), julian_day, observer_longitude,
+                            observer_latitude, code, record);
 }
 
 }  // namespace zenithor

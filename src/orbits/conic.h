@@ -1,0 +1,41 @@
+#pragma once
+
+#include "orbits/element_record.h"
+#include "time/transforms.h"
+
+namespace zenithor {
+
+// Motion on an ellipse, a parabola or a hyperbola.
+// Source: Meeus, Astronomical Algorithms, chapters 30, 33 and 34.
+//
+// The iterations stop at a fixed tolerance of 1e-11 and have no limit. Each ends for every input: a
+// not-a-number ends it, and where it is proven to repeat the same values for ever the solution is
+// not-a-number. Nothing is validated: elements that divide by zero give what the arithmetic gives.
+
+// s with s^3 + 3 s = W, W = 0.0364911624 dt / q^1.5: the tangent of half the true anomaly on a
+// parabola. The tolerance is relative.
+double SolveParabola(double w);
+
+// Eccentric anomaly [rad] from the mean anomaly [rad], e < 1. One Newton step is still made after
+// the residual has come down to the tolerance.
+double SolveEllipse(double mean_anomaly, double eccentricity);
+
+// H with e sinh H - H = W, e > 1. Beyond W of about 1e5 the residual seldom comes down to the
+// tolerance, which is absolute, and the solution is then not-a-number.
+double SolveHyperbola(double w, double eccentricity);
+
+// Where the body stands in its orbit.
+struct OrbitAngles {
+  double u;       // [rad] argument of latitude
+  double radius;  // [au]
+};
+
+// By the eccentricity compared with 1.0 exactly. A non-zero mean longitude of an elliptic record is
+// advanced in place.
+OrbitAngles MoveOnConic(double julian_day, OrbitalElementRecord& record);
+
+// Heliocentric place from a record without a series, ecliptic and equinox of the record's equinox
+// field. The longitude is not reduced after the node is added.
+Spherical PropagateConic(double julian_day, OrbitalElementRecord& record);
+
+}  // namespace zenithor

@@ -1,0 +1,75 @@
+#include "orbits/light.h"
+
+#include <cmath>
+
+#include "orbits/circle.h"
+#include "orbits/earth_velocity.h"
+#include "orbits/propagate_body.h"
+#include "orbits/vectors.h"
+#include "time/constants.h"
+
+namespace zenithor {
+
+namespace {
+
+// Kept on purpose: two values of the Sun's gravitational term, 0.2 % apart; light bent at the Sun's
+// limb differs by 0.004", the light time by 1e-13 day.
+constexpr double kSunInLightTime = 1.97e-8;
+constexpr double kSunInDeflection = 1.974e-8;
+
+double Declination(const Rectangular& v) { return std::asin(v.z / Length(v)); }
+
+}  // namespace
+
+void ApplyLightTime(OrbitsState& state) {
+  const Rectangular e = state.earth_vector;
+  const Rectangular p0 = state.pluto_vector - e;
+  const double earth_distance = Length(e);
+  double tau = 0.0;
+  // Kept on purpose: exactly two iterations, no test of convergence; the third would change the
+  // light time by @LIGHT@.
+  for (int iteration = 0; iteration < 2; ++iteration) {
+    const double p = Length(state.pluto_vector - e);
+    const double q = Length(state.pluto_vector);
+    const double delay =
+        kSunInLightTime * std::log((earth_distance + p + q) / (earth_distance - p + q));
+    tau = (p + delay) * kLightDaysPerAu;
+    const HeliocentricPlace place = PropagateBody(state.current_day - tau, state.pluto, state);
+    state.pluto_vector = place.equatorial;
+    state.pluto_place = place.ecliptic;
+  }
+  const Rectangular p = state.pluto_vector - e;
+  state.correction = p - p0;
+
+  UpdateEarthVelocity(state.current_day, state);
+  const Rectangular p1 = p + tau * state.earth_velocity.velocity;
+  double dalpha = FullCircleArctan(p1.x, p1.y) - FullCircleArctan(p0.x, p0.y);
+  if (dalpha < -kPi) {
+    dalpha += kTwoPi;
+  } else if (dalpha > kPi) {
+    dalpha -= kTwoPi;
+  }
+  state.alpha_rate = dalpha / tau;
+  state.delta_rate = (Declination(p1) - Declination(p0)) / tau;
+}
+
+Geometry MeasureTriangle(const Rectangular& p, const Rectangular& e, const Rectangular& q) {
+  const double eo = Length(p);
+  const double se = Length(e);
+  const double so = Length(q);
+  return {eo, se, so, Dot(p, q) / (eo * so), Dot(e, p) / (se * eo), Dot(q, e) / (so * se)};
+}
+
+Rectangular DeflectLight(const Rectangular& p, const Rectangular& e, const Rectangular& q,
+                         const Geometry& g) {
+  const double c = kSunInDeflection / (g.sun_earth * (1.0 + g.qe));
+  return p + c * ((g.pq / g.sun_earth) * e - (g.ep / g.sun_object) * q);
+}
+
+Rectangular AberrateLight(const Rectangular& p, const Rectangular& velocity) {
+  const double b = std::sqrt(1.0 - Dot(velocity, velocity));
+  const double pv = Dot(p, velocity);
+  return (b / (1.0 + pv)) * p + ((pv / (1.0 + b) + 1.0) / (1.0 + pv)) * velocity;
+}
+
+}  // namespace zenithor

@@ -1,0 +1,77 @@
+#include "orbits/mean_elements.h"
+
+#include "orbits/horner.h"
+#include "time/constants.h"
+
+namespace zenithor {
+
+namespace {
+
+struct MeanLongitude {
+  double rate;   // [arcsec per 10 000 Julian years]
+  double phase;  // [arcsec]
+};
+
+constexpr MeanLongitude kPlanets[] = {
+    {53810162868.8982, 908103.259872},  // Mercury
+    {21066413643.3548, 655127.28306},   // Venus
+    {12959774228.3429, 361679.244588},  // Earth
+    {6890507749.3988, 1279558.798488},  // Mars
+    {1092566037.7991, 123665.467464},   // Jupiter
+    {439960985.5372, 180278.79948},     // Saturn
+    {154248119.3933, 1130598.018396},   // Uranus
+    {78655032.0744, 1095655.195728},    // Neptune
+    {52272245.1795, 860492.1546},       // Pluto
+};
+
+// Higher parts [arcsec], Horner's rule from the highest power of T down; the result multiplies T^2.
+constexpr double kEarthMeanLongitudeHigher[] = {-5.23e-6, -0.0204411};
+constexpr double kMoonElongationHigher[] = {-3.207663637426e-13,  2.555243317839e-11,
+                                            2.560078201452e-9,    -3.702060118571e-5,
+                                            0.006949274683605842, -6.735220237445752};
+constexpr double kMoonLatitudeArgumentHigher[] = {4.474984866301e-13,     4.189032191814e-11,
+                                                  -2.790392351314e-9,     -2.165750777942e-6,
+                                                  -0.0007531187848233799, -13.117809789650071};
+constexpr double kSunAnomalyHigher[] = {1.62e-20,         -1.039e-17,          -3.83508e-15,
+                                        4.237343e-13,     8.8555011e-11,       -4.77258489e-8,
+                                        -1.1297037031e-5, 8.74737173673247e-5, -0.5528130642178309};
+constexpr double kMoonAnomalyHigher[] = {-1.755312760154e-12,    3.452144225877e-11,
+                                         -2.506365935364e-08,    -2.536291235258e-04,
+                                         5.2099641302735818e-02, 31.501359071894147};
+constexpr double kMoonMeanLongitudeHigher[] = {7.200592540556e-14,    2.235210987108e-10,
+                                               -1.024222633731e-08,   -6.073960534117e-05,
+                                               6.901724852838049e-03, -5.65504600274714};
+
+}  // namespace
+
+double PlanetMeanLongitude(int planet, double t) {
+  const MeanLongitude& mean = kPlanets[planet - 1];
+  return (ReduceArcseconds(mean.rate * t) + mean.phase) * kRadiansPerArcsecond;
+}
+
+double MoonMeanLongitudeArcseconds(double centuries) {
+  const double t = centuries;
+  return ReduceArcseconds(1732564372.0442266 * t + 785939.8092105242) +
+         Horner(kMoonMeanLongitudeHigher, t) * t * t;
+}
+
+void FillMeanElements(double julian_day, double (&arguments)[kArgumentLimit]) {
+  const double t = (julian_day - kJ2000) / kDaysPerCentury;
+  const auto store = [&](Argument argument, double linear, double higher) {
+    arguments[argument - 1] = (ReduceArcseconds(linear) + higher * t * t) * kRadiansPerArcsecond;
+  };
+  // Kept on purpose: the mean longitudes of the other planets, entries 1, 2 and 4 to 9, are never
+  // written and stay 0.0, so the Earth's series takes every planet's perturbation at a standstill:
+  // @EFFECT@
+  store(kEarthMeanLongitude, 129597742.283429 * t + 361679.198,
+        Horner(kEarthMeanLongitudeHigher, t));
+  store(kMoonElongation, 1602961600.9939659 * t + 1072261.2202445078,
+        Horner(kMoonElongationHigher, t));
+  store(kMoonLatitudeArgument, 1739527262.8437717 * t + 335779.5141288474,
+        Horner(kMoonLatitudeArgumentHigher, t));
+  store(kSunAnomaly, 129596581.0230432 * t + 1287102.7407441526, Horner(kSunAnomalyHigher, t));
+  store(kMoonAnomaly, 1717915922.8846793 * t + 485868.17465825332, Horner(kMoonAnomalyHigher, t));
+  arguments[kMoonMeanLongitude - 1] = MoonMeanLongitudeArcseconds(t) * kRadiansPerArcsecond;
+}
+
+}  // namespace zenithor

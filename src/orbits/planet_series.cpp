@@ -1,0 +1,33 @@
+#include "orbits/planet_series.h"
+
+#include "orbits/mean_elements.h"
+#include "time/constants.h"
+
+namespace zenithor {
+
+Spherical EvaluatePlanetSeries(double julian_day, const PlanetSeriesTable& table,
+                               SeriesScratch& scratch) {
+  const double t = (julian_day - kJ2000) / table.time_scale;
+  for (int k = 0; k < table.argument_count; ++k) {
+    const int highest = table.highest_harmonic[static_cast<std::size_t>(k)];
+    if (highest > 0) {
+      FillMultiples(PlanetMeanLongitude(k + 1, t), highest, scratch.rows[k]);
+    }
+  }
+  const SeriesSums sums = SumSeries(table, t, scratch.rows, LongitudePolynomial::kReduced);
+  return {kRadiansPerArcsecond * sums.longitude, kRadiansPerArcsecond * sums.latitude,
+          table.mean_distance + kRadiansPerArcsecond * table.mean_distance * sums.radius};
+}
+
+Spherical EvaluateEarthSeries(double julian_day, const PlanetSeriesTable& table, int body_index,
+                              SeriesScratch& scratch) {
+  const double t = (julian_day - kJ2000) / table.time_scale;
+  FillMeanElements(julian_day, scratch.arguments);
+  FillRowsFromList(table, scratch);
+  const SeriesSums sums = SumSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+  const double scale = kRadiansPerArcsecond * table.coefficient_scale;
+  return {scale * sums.longitude + scratch.arguments[body_index - 1], scale * sums.latitude,
+          (scale * sums.radius + 1.0) * table.mean_distance};
+}
+
+}  // namespace zenithor

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cmath>
+
+#include "time/transforms.h"
+
+namespace zenithor {
+
+// Arithmetic on rectangular vectors.
+
+inline Rectangular operator+(const Rectangular& a, const Rectangular& b) {
+  return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+
+inline Rectangular operator-(const Rectangular& a, const Rectangular& b) {
+  return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+
+inline Rectangular operator*(double factor, const Rectangular& v) {
+  return {factor * v.x, factor * v.y, factor * v.z};
+}
+
+inline Rectangular operator/(const Rectangular& v, double divisor) {
+  return {v.x / divisor, v.y / divisor, v.z / divisor};
+}
+
+inline double Dot(const Rectangular& a, const Rectangular& b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+inline double Length(const Rectangular& v) { return std::sqrt(Dot(v, v)); }
+
+}  // namespace zenithor

@@ -1,0 +1,85 @@
+#include "orbits/whole_nutation.h"
+
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+
+#include "orbits/multiples.h"
+#include "orbits/series_sum.h"
+#include "time/constants.h"
+
+namespace zenithor {
+
+namespace {
+
+// Multipliers of the five arguments; coefficients [0.0001 arcsec] and their rates [0.0001 arcsec
+// per 1000 years].
+struct NutationTerm {
+  std::int16_t moon_anomaly, sun_anomaly, latitude_argument, elongation, node;
+  std::int16_t longitude, obliquity;
+  std::int16_t longitude_rate, obliquity_rate;
+};
+
+constexpr NutationTerm kTerms[] = {
+#include "orbits/whole_nutation_terms.inc"
+};
+static_assert(std::size(kTerms) == 105, "the published table but its leading term");
+
+// Multiples that the terms take of M', M, F, D and Omega.
+constexpr int kHighest[] = {3, 2, 4, 4, 2};
+
+constexpr bool WithinHighest() {
+  for (const NutationTerm& term : kTerms) {
+    const int multipliers[] = {term.moon_anomaly, term.sun_anomaly, term.latitude_argument,
+                               term.elongation, term.node};
+    for (int k = 0; k < 5; ++k) {
+      if (multipliers[k] > kHighest[k] || multipliers[k] < -kHighest[k]) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+static_assert(WithinHighest(), "every multiple is prepared");
+
+}  // namespace
+
+void CachedWholeNutation(double julian_day, NutationCache& cache) {
+  if (julian_day == cache.julian_day) {
+    return;
+  }
+  const double t = (julian_day - kJ2000) / kDaysPerCentury;
+  const double arcseconds[] = {
+      ReduceArcseconds(1717915922.633 * t + 485866.733) + (31.31 + 0.064 * t) * t * t,
+      ReduceArcseconds(129596581.224 * t + 1287099.804) - (0.577 + 0.012 * t) * t * t,
+      ReduceArcseconds(1739527263.137 * t + 335778.877) + (0.011 * t - 13.257) * t * t,
+      ReduceArcseconds(1602961601.328 * t + 1072261.307) + (0.019 * t - 6.891) * t * t,
+      ReduceArcseconds(-6962890.539 * t + 450160.28) + (7.455 + 0.008 * t) * t * t,
+  };
+  MultiplesRow rows[5];
+  for (int k = 0; k < 5; ++k) {
+    FillMultiples(arcseconds[k] * kRadiansPerArcsecond, kHighest[k], rows[k]);
+  }
+
+  const double millennia = 0.1 * t;
+  double longitude = 0.0;
+  double obliquity = 0.0;
+  for (const NutationTerm& term : kTerms) {
+    AngleSum angle;
+    AddMultiple(term.moon_anomaly, rows[0], angle);
+    AddMultiple(term.sun_anomaly, rows[1], angle);
+    AddMultiple(term.latitude_argument, rows[2], angle);
+    AddMultiple(term.elongation, rows[3], angle);
+    AddMultiple(term.node, rows[4], angle);
+    longitude += (term.longitude + term.longitude_rate * millennia) * angle.sine;
+    obliquity += (term.obliquity + term.obliquity_rate * millennia) * angle.cosine;
+  }
+  longitude += (-171996.0 - 1742.0 * millennia) * rows[4].sine[0];
+  obliquity += (92025.0 + 89.0 * millennia) * rows[4].cosine[0];
+
+  cache.angles = {longitude * 0.0001 * kRadiansPerArcsecond,
+                  obliquity * 0.0001 * kRadiansPerArcsecond};
+  cache.julian_day = julian_day;
+}
+
+}  // namespace zenithor
