@@ -88,6 +88,8 @@ double SolveEllipse(double mean_anomaly, double eccentricity) {
     if (watch.Repeats(anomaly)) {
       return kNoSolution;
     }
+    // Kept on purpose: the step is made before its residual is tested, one more than needed; it
+    // changes the anomaly by less than 1e-11 / (1 - e).
     f = anomaly - e * std::sin(anomaly) - mean_anomaly;
     anomaly -= f / (1.0 - e * std::cos(anomaly));
   } while (std::fabs(f) > kTolerance);

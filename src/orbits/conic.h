@@ -16,8 +16,7 @@ namespace zenithor {
 // parabola. The tolerance is relative.
 double SolveParabola(double w);
 
-// Eccentric anomaly [rad] from the mean anomaly [rad], e < 1. One Newton step is still made after
-// the residual has come down to the tolerance.
+// Eccentric anomaly [rad] from the mean anomaly [rad], e < 1.
 double SolveEllipse(double mean_anomaly, double eccentricity);
 
 // H with e sinh H - H = W, e > 1. Beyond W of about 1e5 the residual seldom comes down to the

@@ -18,7 +18,7 @@ void UpdateEarthVelocity(double julian_day, OrbitsState& state) {
   }
   cache.julian_day = julian_day;
   // Kept on purpose: a difference backward over 0.005 day is the velocity of 3.6 minutes before;
-  // @VELOCITY@
+  // aberration is up to 0.0009" off.
   const HeliocentricPlace before = PropagateBody(state.current_day - kStepDays, state.earth, state);
   cache.velocity = (state.earth_vector - before.equatorial) / kStepDays;
   ++cache.computations;

@@ -12,8 +12,8 @@ namespace zenithor {
 
 namespace {
 
-// Kept on purpose: two values of the Sun's gravitational term, 0.2 % apart; light bent at the Sun's
-// limb differs by 0.004", the light time by 1e-13 day.
+// Kept on purpose: two values of the Sun's gravitational term, 0.2 % apart: 0.004" for light that
+// grazes the Sun, 4e-12 day of light time.
 constexpr double kSunInLightTime = 1.97e-8;
 constexpr double kSunInDeflection = 1.974e-8;
 
@@ -27,7 +27,7 @@ void ApplyLightTime(OrbitsState& state) {
   const double earth_distance = Length(e);
   double tau = 0.0;
   // Kept on purpose: exactly two iterations, no test of convergence; the third would change the
-  // light time by @LIGHT@.
+  // light time by 2e-10 s and the place by 1e-8".
   for (int iteration = 0; iteration < 2; ++iteration) {
     const double p = Length(state.pluto_vector - e);
     const double q = Length(state.pluto_vector);

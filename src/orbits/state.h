@@ -19,7 +19,9 @@ struct PlutoObserver {
   double geocentric_radius = 0.0;    // [equatorial radii]
 };
 
-// Kept for one Julian day; -1.0 counts as already cached.
+// Kept for one Julian day.
+// Kept on purpose: here and in NutationCache day -1.0 counts as cached from the start, so a thread
+// that asks for -1.0 before any other day has neither aberration nor nutation: 39" of longitude.
 struct EarthVelocityCache {
   double julian_day = -1.0;
   Rectangular velocity{0.0, 0.0, 0.0};  // [au/day] equatorial J2000.0
