@@ -60,7 +60,8 @@ double AnswerPositionFrom(const EphemerisStore& store, ThreadState& state, doubl
 
 double AnswerPosition(double julian_day, double observer_longitude, double observer_latitude,
                       BodyCode code, BodyPositionRecord* record) {
-  return AnswerPositionFrom(ProcessStore(), CurrentThreadState(), julian_day, observer_longitude,
+  CallState state;
+  return AnswerPositionFrom(ProcessStore(), state.Get(), julian_day, observer_longitude,
                             observer_latitude, code, record);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <new>
+
 #include "orbits/state.h"
 
 namespace zenithor {
@@ -9,7 +11,27 @@ struct ThreadState {
   OrbitsState orbits;
 };
 
-// The calling thread's own set. Looked up once per export and handed on.
-ThreadState& CurrentThreadState();
+// The calling thread's own set, made on the thread's first call and released when the thread ends.
+// Null where the process has no per-thread slot or no memory left.
+ThreadState* FindThreadState();
+
+// The set that one export works on: looked up once and handed on. Where the thread cannot have one
+// of its own, a fresh one that serves this call only: the same answers, nothing is kept.
+class CallState {
+ public:
+  CallState() : state_(FindThreadState()) {
+    if (state_ == nullptr) {
+      state_ = new (spare_) ThreadState;
+    }
+  }
+  CallState(const CallState&) = delete;
+  CallState& operator=(const CallState&) = delete;
+
+  ThreadState& Get() { return *state_; }
+
+ private:
+  ThreadState* state_;
+  alignas(ThreadState) unsigned char spare_[sizeof(ThreadState)];
+};
 
 }  // namespace zenithor

@@ -20,7 +20,8 @@ using testing::UntouchedRecord;
 
 double Position(const EphemerisStore& store, double julian_day, BodyCode code,
                 BodyPositionRecord* record) {
-  return AnswerPositionFrom(store, CurrentThreadState(), julian_day, 0.0, 0.0, code, record);
+  CallState state;
+  return AnswerPositionFrom(store, state.Get(), julian_day, 0.0, 0.0, code, record);
 }
 
 bool SameBytes(const BodyPositionRecord& a, const BodyPositionRecord& b) {
@@ -30,7 +31,8 @@ bool SameBytes(const BodyPositionRecord& a, const BodyPositionRecord& b) {
 TEST(PositionExport, MeetsTheGoldenAnswersOfEveryBody) {
   const testing::GoldenSummary summary = testing::CheckGoldenPositions(
       [](const testing::PositionCall& call, BodyPositionRecord* record) {
-        return AnswerPositionFrom(FullStore(), CurrentThreadState(), call.julian_day,
+        CallState state;
+        return AnswerPositionFrom(FullStore(), state.Get(), call.julian_day,
                                   call.observer_longitude, call.observer_latitude, call.code,
                                   record);
       },
