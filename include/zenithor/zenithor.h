@@ -175,7 +175,7 @@ typedef struct EventRecord {
  * Every instant is dynamical time (Julian Ephemeris Day). Each function reads one block of its
  * family back and returns its JulianDay: 0.0 when this call did not fill it; other blocks of the
  * family may then still hold an event. When JulianDay is not finite, and for phases and eclipses
- * when it is so large (about 2.7e17) that lunations cannot be counted, all its blocks are zeroed. */
+ * when it is so large (5.4e17) that lunations cannot be counted, all its blocks are zeroed. */
 
 /* Equinoxes and solstices: blocks 0 to 3.
  *   Selector           the event to compute: 0 March equinox, 1 June solstice, 2 September equinox,
@@ -214,7 +214,7 @@ double ZENITHOR_CALL FULL_MOON(double JulianDay, double Ignored1, double Ignored
 double ZENITHOR_CALL LAST_QTR(double JulianDay, double Ignored1, double Ignored2, int32_t Selector,
                               EventRecord* Record) ZENITHOR_EXPORTED_AS("_LAST_QTR");
 
-/* Solar eclipses: blocks 8 to 14. Each call finds the first solar eclipse after JulianDay - 10 (that
+/* Solar eclipses: blocks 8 to 14. Each call finds the first one after JulianDay - 10 (that
  * is, at a mean new moon more than 0.03 lunation after it), fills the block of its kind and
  * the any-kind block 14, and zeroes the others. So an eclipse up to about nine days past is found
  * again. ALL_SE returns the eclipse whatever its kind. The others read the block of one kind and do
@@ -243,8 +243,7 @@ double ZENITHOR_CALL PARTIAL_SE(double JulianDay, EventRecord* Record)
  * than 0.53 lunation after it; one up to about six days past is found again. ALL_LE returns the
  * eclipse whatever its kind, block 18; TOTAL_LE reads block 15 (total), PARTIAL_LE 16 (partial in
  * the umbra), PENUM_LE 17 (penumbral). Source: Meeus, Astronomical Algorithms, chapter 54; the
- * instants carry the corrections of solar eclipses on purpose, which moves them by up to 2.3
- * minutes. */
+ * instants carry the corrections of solar eclipses on purpose, which moves them by up to 142 s. */
 double ZENITHOR_CALL ALL_LE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_ALL_LE");
 double ZENITHOR_CALL TOTAL_LE(double JulianDay, EventRecord* Record)

@@ -29,7 +29,7 @@ struct EclipseTerm {
 };
 
 // Kept on purpose: a full moon's instant is corrected with the leading coefficients of the new
-// moon, -0.4075 and 0.1721 (the book: -0.4065 and 0.1727 for lunar eclipses): up to 2.3 minutes.
+// moon, -0.4075 and 0.1721 (the book: -0.4065 and 0.1727 for lunar eclipses): up to 142 s.
 constexpr EclipseTerm kInstantTerms[] = {
 #include "events/eclipse_instant_terms.inc"
 };
@@ -81,6 +81,9 @@ double SumCosines(const EclipseTerm (&terms)[count], const EclipseAngles& angles
 EclipseGeometry ComputeEclipseGeometry(double k) {
   const double mean_jde = MeanPhase(k, k * kCenturiesPerLunation);
   const double centuries = JulianCenturies(mean_jde);
+  // Kept on purpose: the arguments of the lunar series with their signs instead of those of the
+  // mean phase: up to 0.9 s and 0.00006 in gamma within 1000 years of 2000, 232 s and 0.004 in 2000
+  // BC.
   const LunarArguments lunar = ComputeLunarArguments(centuries);
   if (!(std::fabs(std::sin(lunar.F)) < 0.36)) {
     return {mean_jde, 0.0, 2.0, lunar.Mprime};

@@ -18,7 +18,8 @@ struct FoundEvent {
   std::int32_t kind;  // which block of the family it fills
 };
 
-// Kept on purpose: the season of the calendar year that the day lies in, also where it is over.
+// Kept on purpose: the season of the calendar year that the day lies in, also where it is over, up
+// to 287 days past.
 FoundEvent FindSeason(double julian_day, std::int32_t selector) {
   const std::int32_t year = JulianDayToCalendar(julian_day).Year;
   return {true, SeasonInstant(year, selector), selector};

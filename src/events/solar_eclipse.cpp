@@ -23,7 +23,8 @@ std::int32_t Classify(double u, double abs_gamma) {
   if (abs_gamma >= kCentralLimit + std::fabs(u)) {
     return kPartialEclipse;
   }
-  // Kept on purpose: a non-central eclipse is called total up to u = 0.0047, not only below zero.
+  // Kept on purpose: a non-central eclipse is called total up to u = 0.0047, not only below zero: 4
+  // of the 122 non-central ones from -2000 to 4000, among them that of 2014 April 29.
   return u <= 0.0047 ? kNonCentralTotalEclipse : kNonCentralAnnularEclipse;
 }
 

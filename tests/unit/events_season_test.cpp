@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "events/event_answer.h"
+#include "events/season.h"
+#include "support/event_golden.h"
+#include "support/text_files.h"
+#include "time/julian_day.h"
+
+namespace zenithor {
+namespace {
+
+using testing::IsZeroBits;
+using testing::Published;
+
+// The same method straight from data/events, in extended precision and by powers instead of
+// Horner's rule. Row: of the table of mean instants, its years' origin beside it.
+long double NaiveSeason(std::size_t row, long double origin, int year) {
+  constexpr long double degree = 3.14159265358979323846264338327950288L / 180.0L;
+  const std::vector<std::string> means = testing::LinesOf("data/events/season-means.csv");
+  const std::vector<std::string> words = testing::Split(means.at(1 + row), ',');
+  const long double y = (static_cast<long double>(year) - origin) / 1000.0L;
+  long double jde = 0.0L;
+  for (std::size_t power = 0; power <= 4; ++power) {
+    jde += std::stold(words.at(2 + power)) * std::pow(y, static_cast<long double>(power));
+  }
+  const long double t = (jde - 2451545.0L) / 36525.0L;
+  const long double w = (35999.373L * t - 2.47L) * degree;
+  const long double delta_lambda = 1.0L + 0.0334L * std::cos(w) + 0.0007L * std::cos(2.0L * w);
+  long double s = 0.0L;
+  const std::vector<std::string> terms = testing::LinesOf("data/events/season-terms.csv");
+  for (std::size_t k = 1; k < terms.size(); ++k) {
+    const std::vector<std::string> term = testing::Split(terms[k], ',');
+    s += std::stold(term.at(0)) *
+         std::cos((std::stold(term.at(1)) + std::stold(term.at(2)) * t) * degree);
+  }
+  return jde + 0.00001L * s / delta_lambda;
+}
+
+// Day numbers of 2.4 million carry 5e-10 day; the angles, unreduced, add as much some thousand
+// years from 2000.
+constexpr double kRoundingDays = 2e-9;
+
+TEST(SeasonInstant, MeetsTheJuneSolsticeOf1962) {
+  // Meeus, example 27.a: 2437837.39245 JDE. Same tables, so within its last digit.
+  const testing::PublishedValue by_tables = Published("27.a", "JulianDay");
+  EXPECT_NEAR(SeasonInstant(1962, kJuneSolstice), by_tables.value, by_tables.allowed);
+  // Example 27.b: the complete theory, 1962 June 21, 21h24m42s. The tables are good to a minute.
+  const testing::PublishedValue by_theory = Published("27.b", "JulianDay");
+  EXPECT_NEAR(SeasonInstant(1962, kJuneSolstice), by_theory.value, by_theory.allowed);
+}
+
+TEST(SeasonInstant, MeetsASecondEvaluationOnBothSidesOfTheYear1000) {
+  for (std::int32_t season = 0; season < 4; ++season) {
+    const auto row = static_cast<std::size_t>(season);
+    for (const int year : {-2000, -500, -1, 0, 1, 999}) {
+      EXPECT_NEAR(SeasonInstant(year, season), static_cast<double>(NaiveSeason(row, 0.0L, year)),
+                  kRoundingDays)
+          << season << " " << year;
+    }
+    for (const int year : {1000, 1582, 2000, 2026, 4000}) {
+      EXPECT_NEAR(SeasonInstant(year, season),
+                  static_cast<double>(NaiveSeason(row + 4, 2000.0L, year)), kRoundingDays)
+          << season << " " << year;
+    }
+  }
+}
+
+TEST(SeasonInstant, TheTwoGroupsMeetAtTheYear1000) {
+  // The year 1000 belongs to the second group; no jump shows it, but 300 years on either group is
+  // off by more than a hundred times the rounding.
+  for (std::size_t row = 0; row < 4; ++row) {
+    const auto apart = [row](int year) {
+      return static_cast<double>(
+          std::fabs(NaiveSeason(row, 0.0L, year) - NaiveSeason(row + 4, 2000.0L, year)));
+    };
+    EXPECT_LT(apart(1000), 2e-5);
+    EXPECT_GT(apart(700), 100.0 * kRoundingDays);
+    EXPECT_GT(apart(1300), 100.0 * kRoundingDays);
+  }
+}
+
+TEST(SeasonInstant, ASeasonOutsideItsTableIsNotReadFromIt) {
+  for (const std::int32_t season : {-1, 4, 8, 1000, std::numeric_limits<std::int32_t>::min(),
+                                    std::numeric_limits<std::int32_t>::max()}) {
+    EXPECT_EQ(SeasonInstant(2000, season), 0.0);
+    EXPECT_EQ(SeasonInstant(-2000, season), 0.0);
+  }
+}
+
+TEST(SeasonInstant, AnyYearGivesAFiniteDay) {
+  for (const std::int32_t year : {std::numeric_limits<std::int32_t>::min(), -5000000, 5000000,
+                                  std::numeric_limits<std::int32_t>::max()}) {
+    for (std::int32_t season = 0; season < 4; ++season) {
+      EXPECT_TRUE(std::isfinite(SeasonInstant(year, season))) << year;
+    }
+  }
+}
+
+TEST(SeasonInstant, TheFourSeasonsOfEveryYearComeInOrder) {
+  // Season lengths drift between 88.6 and 94.3 days over these six thousand years.
+  double last = SeasonInstant(-2001, kDecemberSolstice);
+  for (std::int32_t year = -2000; year <= 4000; ++year) {
+    for (std::int32_t season = 0; season < 4; ++season) {
+      const double jde = SeasonInstant(year, season);
+      ASSERT_GT(jde - last, 88.0) << year << " " << season;
+      ASSERT_LT(jde - last, 95.0) << year << " " << season;
+      last = jde;
+    }
+  }
+}
+
+TEST(SeasonInstant, ASeasonLiesInItsYear) {
+  for (std::int32_t year = -2000; year <= 4000; ++year) {
+    for (std::int32_t season = 0; season < 4; ++season) {
+      // In the Julian calendar the December solstice drifts into January going back: until the
+      // year -1177 it can fall on 1 to 6 January of the year after (774 of 824 years do).
+      const CalendarInstant instant = JulianDayToCalendar(SeasonInstant(year, season));
+      if (season == kDecemberSolstice && year <= -1177) {
+        ASSERT_TRUE((instant.Year == year && instant.Month == 12 && instant.Day >= 31.0) ||
+                    (instant.Year == year + 1 && instant.Month == 1 && instant.Day < 8.0))
+            << year;
+      } else {
+        ASSERT_EQ(instant.Year, year) << "season " << season;
+      }
+    }
+  }
+}
+
+TEST(SeasonExports, TheMarchEquinoxOf2000FillsItsBlockAlone) {
+  EventRecord record = testing::UntouchedEvents();
+  const double answer = AnswerEvent(ZENITHOR_BLOCK_MARCH_EQUINOX, 2451700.5, 0, &record);
+  // 2000 March 20, 7h35m UT in the almanacs, 64 s less than dynamical time.
+  EXPECT_NEAR(answer, 2451623.8165, 0.001);
+  const EventTimeBlock& block = record.Blocks[0];
+  EXPECT_EQ(block.JulianDay, answer);
+  EXPECT_EQ(block.Year, 2000);
+  EXPECT_EQ(block.Month, 3);
+  EXPECT_EQ(block.Day, 20);
+  EXPECT_EQ(block.Hour, 7);
+  EXPECT_EQ(block.Minute, 36);
+  for (int number = 1; number < 4; ++number) {
+    EXPECT_TRUE(IsZeroBits(record.Blocks[number])) << number;
+  }
+  for (int number = 4; number < ZENITHOR_BLOCK_COUNT; ++number) {
+    EXPECT_TRUE(testing::SameBits(record.Blocks[number], testing::UntouchedBlock())) << number;
+  }
+}
+
+TEST(SeasonExports, KeptOnPurposeTheLastOfDecemberGivesTheSeasonsOfThatYear) {
+  const double new_years_eve = 2451909.5;  // 2000 December 31
+  for (std::int32_t season = 0; season < 4; ++season) {
+    EventRecord record = testing::UntouchedEvents();
+    const double jde = AnswerEvent(season, new_years_eve, season, &record);
+    EXPECT_EQ(jde, SeasonInstant(2000, season));
+    EXPECT_LE(jde, new_years_eve);
+  }
+  EventRecord record;
+  EXPECT_EQ(AnswerEvent(0, new_years_eve + 0.999, 0, &record), SeasonInstant(2000, 0));
+  EXPECT_EQ(AnswerEvent(0, new_years_eve + 1.0, 0, &record), SeasonInstant(2001, 0));
+}
+
+}  // namespace
+}  // namespace zenithor
