@@ -17,6 +17,7 @@
 #ifndef ZENITHOR_ZENITHOR_H
 #define ZENITHOR_ZENITHOR_H
 
+#include <math.h>
 #include <stddef.h>
 #include <stdint.h>
 
@@ -252,6 +253,58 @@ double ZENITHOR_CALL PARTIAL_LE(double JulianDay, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_PARTIAL_LE");
 double ZENITHOR_CALL PENUM_LE(double JulianDay, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_PENUM_LE");
+
+/* ---- Rising, transit, setting ------------------------------------------------------------- */
+
+/* Which of the three times GEO_RISE returns. */
+enum { ZENITHOR_RISE = 1, ZENITHOR_TRANSIT = 2, ZENITHOR_SET = 3 };
+
+/* What GEO_RISE returns, for the transit too, when the body does not cross the horizon that day.
+ * A time of exactly 16 or 32 minutes could not be told from these. */
+#define ZENITHOR_ALWAYS_UP 16.0
+#define ZENITHOR_NEVER_UP 32.0
+
+/* The Julian day of day number 0, 1960 December 31, 0h. */
+#define ZENITHOR_DAY_NUMBER_EPOCH 2437299.5
+
+/* When a body rises, crosses the meridian or sets.
+ *   DayNumber          [day] Julian day less 2437299.5; ZenithorDayNumber makes it
+ *   Minutes            [min] added to the instant; 0 for whole days
+ *   ZoneHours          [h] universal time less zone time: positive WEST of Greenwich
+ *   ObserverLongitude  [deg] positive WEST; ZenithorWestLongitude makes it of an eastern one
+ *   ObserverLatitude   [deg] positive north; beyond 90 as the formulas have it
+ *   Body               a BodyCode, 0 to 10
+ *   Selector           ZENITHOR_RISE, ZENITHOR_TRANSIT or ZENITHOR_SET
+ * The day is the one that holds DayNumber plus Minutes, and begins at 0h zone time. Returns
+ *   minutes after the day's start [min], good to about a minute. Rise and set are brought into 0 to
+ *       1440 by one whole day at most, the transit is not. A time far outside the day, which a body
+ *       that grazes the horizon can get, is no event of that day;
+ *   ZENITHOR_ALWAYS_UP or ZENITHOR_NEVER_UP;
+ *   not-a-number when the time does not settle (a body that grazes the horizon, above about 60
+ *       degrees of latitude; the other two times of that day are answered), when an argument is not
+ *       finite, and for the Earth, which has no direction from itself;
+ *   0.0 when the selector is not 1 to 3, the body not 0 to 10, or the data files that the body needs
+ *       were not loaded (the Moon needs none). This is looked at first.
+ * Always returns. Delta T is applied. Method: Meeus, Astronomical Algorithms, chapter 15. */
+double ZENITHOR_CALL GEO_RISE(double DayNumber, double Minutes, double ZoneHours,
+                              double ObserverLongitude, double ObserverLatitude, BodyCode Body,
+                              int32_t Selector) ZENITHOR_EXPORTED_AS("_GEO_RISE");
+
+/* The day number of the zone day that holds a Julian day of universal time: a whole number, to be
+ * passed with 0 minutes and the same ZoneHours. A moment within 0.1 ms before midnight, which is
+ * where a rounded Julian day of midnight may lie, counts as midnight. */
+static inline double ZenithorDayNumber(double JulianDay, double ZoneHours) {
+  return floor(JulianDay - ZENITHOR_DAY_NUMBER_EPOCH - ZoneHours / 24.0 + 1e-9);
+}
+
+/* The Julian day of universal time, of an answer of GEO_RISE in minutes for a whole day number. */
+static inline double ZenithorRisingJulianDay(double DayNumber, double ZoneHours, double Answer) {
+  return DayNumber + (ZoneHours / 24.0 + Answer / 1440.0) + ZENITHOR_DAY_NUMBER_EPOCH;
+}
+
+/* Longitude and zone as GEO_RISE counts them, of the everyday ones, positive east of Greenwich. */
+static inline double ZenithorWestLongitude(double EastLongitude) { return -EastLongitude; }
+static inline double ZenithorWestZone(double EastZoneHours) { return -EastZoneHours; }
 
 /* Layout that compiled hosts rely on. */
 ZENITHOR_STATIC_ASSERT(sizeof(BodyPositionRecord) == 160, "BodyPositionRecord is 160 bytes");

@@ -2,6 +2,7 @@
 
 #include "entry/host_boundary.h"
 #include "entry/position_export.h"
+#include "entry/rising_export.h"
 #include "zenithor/zenithor.h"
 
 extern "C" {
@@ -12,6 +13,13 @@ ZENITHOR_EXPORT double ZENITHOR_CALL ZENITHOR(double JulianDay, double /*Ignored
                                               BodyCode Body, BodyPositionRecord* Record) {
   return zenithor::ThroughBoundary<zenithor::AnswerPosition>(JulianDay, ObserverLongitude,
                                                              ObserverLatitude, Body, Record);
+}
+
+ZENITHOR_EXPORT double ZENITHOR_CALL GEO_RISE(double DayNumber, double Minutes, double ZoneHours,
+                                              double ObserverLongitude, double ObserverLatitude,
+                                              BodyCode Body, int32_t Selector) {
+  return zenithor::ThroughBoundary<zenithor::AnswerRising>(
+      DayNumber, Minutes, ZoneHours, ObserverLongitude, ObserverLatitude, Body, Selector);
 }
 
 }  // extern "C"

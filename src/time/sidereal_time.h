@@ -7,4 +7,8 @@ namespace zenithor {
 // Source: Meeus, Astronomical Algorithms, formula 12.4.
 double GreenwichMeanSiderealTime(double julian_day, double centuries);
 
+// The same for an instant counted in days from J2000.0, which holds the start of a day in any zone
+// 200 times more finely than a Julian day does.
+double SiderealTimeFromDays(double days, double centuries);
+
 }  // namespace zenithor

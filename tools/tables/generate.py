@@ -81,6 +81,9 @@ def lunar_distance_terms():
 def lunar_latitude_terms():
     return lunar_series("data/lunar/table-47b.csv", "latitude_sin_1e-6_degree", -6,
                         "latitude, sines")
+def delta_t_terms():
+    out = [r["delta_t"] + "," for r in rows_of("data/rising/delta-t.csv")]
+    return table("Delta T from 1620 to 1992, one value per two years [0.1 s]", out)
 
 
 def libration_terms(quantity):
@@ -248,6 +251,7 @@ TABLES = {
     "src/orbits/moon_longitude_terms.inc": moon_longitude_terms,
     "src/orbits/pluto_series_terms.inc": pluto_series_terms,
     "src/orbits/whole_nutation_terms.inc": whole_nutation_terms,
+    "src/rising/delta_t_terms.inc": delta_t_terms,
 }
 
 

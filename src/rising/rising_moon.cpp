@@ -1,0 +1,33 @@
+#include "rising/rising_moon.h"
+
+#include <cmath>
+
+#include "moon/lunar_series.h"
+#include "time/obliquity.h"
+#include "time/transforms.h"
+
+namespace zenithor {
+
+namespace {
+
+constexpr double kEarthRadiusKm = 6378.14;
+constexpr double kRefraction = 0.009890780871051864;  // [rad] 0.5667 degree
+
+}  // namespace
+
+EventProblem PoseRisingMoon(const RisingRequest& request) {
+  const RisingDay day = FindRisingDay(request);
+  const double epsilon = MeanObliquity(day.centuries);
+  ThreePlaces places{};
+  for (std::size_t k = 0; k < places.size(); ++k) {
+    // Kept on purpose: without nutation, up to a second of time in right ascension.
+    const LunarPosition moon = ComputeLunarPosition(PlaceCenturies(day, k));
+    places[k] = EclipticToEquatorial(moon.lambda, moon.beta, epsilon);
+  }
+  // Kept on purpose: the parallax of the given instant, not of the day's start or of the event.
+  const double distance_km = ComputeLunarPosition(day.centuries).distance_km;
+  const double parallax = std::asin(kEarthRadiusKm / distance_km);
+  return PoseEvents(day, places, 0.7275 * parallax - kRefraction);
+}
+
+}  // namespace zenithor

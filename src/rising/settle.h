@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+namespace zenithor {
+
+// Repeating m = m + correction(m) until a correction is small, for as long as that takes, and no
+// longer when it is certain that it never will be.
+
+constexpr double kSettledCorrection = 0.0002;  // [day], 17 s
+
+// A run that neither settles nor repeats can wander for minutes. What it would end in is no time of
+// any event: by then m has left the day by thousands of days.
+constexpr std::int32_t kGiveUpSteps = 100000;
+
+struct Settled {
+  double value;        // not-a-number when the iteration does not settle
+  std::int32_t steps;  // corrections computed
+};
+
+inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; }
+
+// Iterates from `m`. Ends when |correction| <= 0.0002, with the corrected m; when a correction is
+// not a number; or when m comes back, to the bit, to a value it has had: the correction depends on
+// m alone, so from there the same values follow for ever. Repetition is found by comparing with one
+// remembered value, renewed at every power of two steps, which misses no cycle. And after 100 000
+// steps (docs/rising.md says how rarely).
+// Source: R. P. Brent, An improved Monte Carlo factorization algorithm, BIT 20 (1980), section 2.
+template <class Correction>
+Settled Settle(double m, Correction correction) {
+  constexpr double kNever = std::numeric_limits<double>::quiet_NaN();
+  double remembered = m;
+  std::int32_t renew_at = 1;
+  for (std::int32_t steps = 1; steps <= kGiveUpSteps; ++steps) {
+    const double dm = correction(m);
+    m += dm;
+    if (std::fabs(dm) <= kSettledCorrection) {
+      return {m, steps};
+    }
+    if (std::isnan(dm) || SameBits(m, remembered)) {
+      return {kNever, steps};
+    }
+    if (steps == renew_at) {
+      remembered = m;
+      renew_at *= 2;
+    }
+  }
+  return {kNever, kGiveUpSteps};
+}
+
+}  // namespace zenithor
