@@ -13,8 +13,9 @@ namespace zenithor {
 namespace {
 
 // The Moon's mean longitude [deg], rising powers of T.
-// Kept on purpose: the quartic coefficient is positive where the theory has it negative; 0.07" at
-// T = +-5, 18" at +-20.
+// Kept on purpose: the theory's first version, like the other arguments; 0.05" from the second at
+// J2000.0, 29" five centuries away. And the quartic coefficient is positive where the theory has it
+// negative; 0.07" at T = +-5, 18" at +-20.
 constexpr double kMeanLongitude[] = {218.3164591, 481267.88134236, -0.0013268, 1.855835e-06,
                                      1.53388e-08};
 constexpr double kMeanDistanceKm = 385000.56;
@@ -169,8 +170,8 @@ LunarPosition ComputeLunarPosition(double centuries) {
               0.000127 * std::sin(lprime - state.Mprime) -
               0.000115 * std::sin(lprime + state.Mprime);
 
-  // Kept on purpose: lifted from below only; a longitude just above a full turn stays there, by up
-  // to 6.3 degrees.
+  // Kept on purpose: lifted from below only; a longitude above a full turn stays there, by up to
+  // 7.7 degrees.
   return {LiftAboveZero(lprime + longitude * kRadiansPerDegree), latitude * kRadiansPerDegree,
           kMeanDistanceKm + distance};
 }

@@ -10,8 +10,8 @@ struct LunarPosition {
 };
 
 // The Moon at T Julian centuries from J2000.0. Neither nutation nor aberration nor light time is
-// applied. lambda is lifted above 0 but not reduced from above: it may exceed 2 pi by up to 6.3
-// degrees, and the caller deals with that.
+// applied. lambda is lifted above 0 but not reduced from above: it may exceed 2 pi by up to 7.7
+// degrees (largest of 100 000 instants from -2000 to +6000), and the caller deals with that.
 // Good to about 10" in longitude, 4" in latitude and 30 km near J2000.0.
 // Source: ELP-2000/82, truncated as in Meeus, Astronomical Algorithms, chapter 47.
 LunarPosition ComputeLunarPosition(double centuries);

@@ -34,11 +34,13 @@ void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
   const Spherical sun = EvaluateSunGeocentric(store, kEarthSlot, t);
   const LunarPosition moon = ComputeLunarPosition(t);
 
-  // Kept on purpose: nutation in longitude is all that lies between the series and the record;
-  // geocentric for every observer, no aberration.
+  // Kept on purpose: nutation in longitude is all that lies between the series and the record,
+  // geocentric for every observer; parallax would move the Moon by up to 61'.
   const double apparent_lambda = moon.lambda + nutation.dpsi;
   StoreLongitude(apparent_lambda * kDegreesPerRadian, record.GeoLongitude);
   record.GeoLatitude = moon.beta * kDegreesPerRadian;
+  // Kept on purpose: kilometres here, and below the phase angle and the axis in radians, beside
+  // degrees, hours and the other bodies' astronomical units.
   record.GeoDistance = moon.distance_km;
 
   const Equatorial place =
@@ -46,7 +48,6 @@ void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
   record.RightAscension = place.alpha * kHoursPerRadian;
   record.Declination = place.delta * kDegreesPerRadian;
 
-  // Kept on purpose: these two angles in radians beside coordinates in degrees and hours.
   const MoonPhysicalEphemeris physical =
       ComputeMoonPhysicalEphemeris(t, moon, sun, epsilon0, nutation);
   record.MoonAxisPositionAngle = physical.axis_position_angle;

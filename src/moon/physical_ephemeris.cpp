@@ -67,12 +67,13 @@ MoonPhysicalEphemeris ComputeMoonPhysicalEphemeris(double centuries, const Lunar
                    std::cos(inclination) * std::sin(epsilon);
   const double omega = std::atan2(x, y);
   // Kept on purpose: divided by the cosine of the ecliptic latitude where the book has that of the
-  // total libration in latitude.
+  // total libration in latitude; up to 0.075 degree.
   out.axis_position_angle =
       std::asin(std::sqrt(x * x + y * y) * std::cos(place.alpha - omega) / cos_beta);
 
   // The illumination.
-  // Kept on purpose: the Moon's longitude with nutation against the Sun's without.
+  // Kept on purpose: the Moon's longitude with nutation against the Sun's without; up to 20" in
+  // the phase angle.
   const double elongation = std::acos(std::cos(apparent_lambda - sun.longitude) * cos_beta);
   const auto moon_distance = static_cast<double>(moon.distance_km * kAuPerKm);
   out.phase_angle = PhaseAngle(elongation, sun.radius, moon_distance);

@@ -28,7 +28,7 @@ constexpr LibrationTerm kSigmaTerms[] = {
 #include "moon/libration_sigma_terms.inc"
 };
 // Kept on purpose: row 12 has the argument Mprime - M - 2D where the theory has Mprime - M - D; tau
-// differs by at most 0.00064 degree, the axis by 0.00002 degree.
+// and the total libration in longitude differ by at most 0.00064 degree, the axis not at all.
 constexpr LibrationTerm kTauTerms[] = {
 #include "moon/libration_tau_terms.inc"
 };

@@ -11,8 +11,8 @@ struct MoonPhysicalLibration {
   double tau;    // in longitude
 };
 
-// The librations at T Julian centuries from J2000.0, with the arguments of that moment; each at
-// most 0.06 degree. Source: D. H. Eckhardt, Theory of the libration of the Moon, The Moon and the
+// The librations at T Julian centuries from J2000.0, with the arguments of that moment; each below
+// 0.062 degree. Source: D. H. Eckhardt, Theory of the libration of the Moon, The Moon and the
 // Planets 25 (1981), as in Meeus, Astronomical Algorithms, chapter 53.
 MoonPhysicalLibration ComputeMoonPhysicalLibration(double centuries,
                                                    const LunarArguments& arguments);

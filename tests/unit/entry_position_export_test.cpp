@@ -87,6 +87,22 @@ TEST(PositionExport, WithoutDataRefusesThePlanetsAndLeavesTheRecord) {
   }
 }
 
+TEST(PositionExport, WithoutDataAnswersTheMoonButItsPhase) {
+  const EphemerisStore empty;
+  BodyPositionRecord record = UntouchedRecord();
+  EXPECT_EQ(Position(empty, 2448724.5, ZENITHOR_MOON, &record), ZENITHOR_DONE);
+  EXPECT_EQ(record.MoonPhaseAngle, kUntouchedDouble);
+  EXPECT_EQ(record.MoonIlluminatedFraction, kUntouchedDouble);
+  BodyPositionRecord whole = UntouchedRecord();
+  EXPECT_EQ(Position(FullStore(), 2448724.5, ZENITHOR_MOON, &whole), ZENITHOR_DONE);
+  EXPECT_EQ(whole.Year, 1992);
+  EXPECT_EQ(whole.Month, 4);
+  EXPECT_EQ(whole.Day, 12);
+  record.MoonPhaseAngle = whole.MoonPhaseAngle;
+  record.MoonIlluminatedFraction = whole.MoonIlluminatedFraction;
+  EXPECT_TRUE(SameBytes(record, whole));
+}
+
 TEST(PositionExport, NeedsTheBodysSlotAndTheEarths) {
   for (BodyCode code = ZENITHOR_SUN; code <= ZENITHOR_NEPTUNE; ++code) {
     EphemerisStore store = FullStore();

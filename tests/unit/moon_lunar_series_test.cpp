@@ -1,0 +1,283 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "moon/lunar_arguments.h"
+#include "moon/lunar_series.h"
+#include "support/text_files.h"
+#include "time/angles.h"
+#include "time/constants.h"
+#include "time/julian_day.h"
+
+namespace zenithor {
+namespace {
+
+using testing::Published;
+
+LunarPosition MoonAt(double julian_day) {
+  return ComputeLunarPosition(JulianCenturies(julian_day));
+}
+
+// Meeus, chapter 47, formula 47.1 in the theory's first version, with the sign of the quartic that
+// this library has; [deg], in [0, 360).
+double MeanLongitudeDegrees(double julian_day) {
+  const double t = JulianCenturies(julian_day);
+  const double degrees =
+      (((1.53388e-08 * t + 1.855835e-06) * t - 0.0013268) * t + 481267.88134236) * t + 218.3164591;
+  return degrees - 360.0 * std::floor(degrees / 360.0);
+}
+
+TEST(LunarSeries, MeetsTheWorkedExample) {
+  const LunarPosition moon = MoonAt(2448724.5);
+  const auto longitude = Published("47.a", "lambda mean equinox");
+  EXPECT_NEAR(moon.lambda * kDegreesPerRadian, longitude.value, longitude.allowed);
+  const auto latitude = Published("47.a", "GeoLatitude");
+  EXPECT_NEAR(moon.beta * kDegreesPerRadian, latitude.value, latitude.allowed);
+  const auto distance = Published("47.a", "GeoDistance");
+  EXPECT_NEAR(moon.distance_km, distance.value, distance.allowed);
+}
+
+// The example is printed with the mean longitude of the theory's second version.
+TEST(LunarSeries, KeptOnPurposeMeanLongitudeIsThatOfTheFirstVersion) {
+  const double printed = Published("47.a", "lambda mean equinox").value;
+  EXPECT_NEAR(MoonAt(2448724.5).lambda * kDegreesPerRadian - printed, 0.000005, 0.000001);
+}
+
+// The same tables read from their text, summed in long double.
+struct TableRow {
+  long double d, m, mprime, f, coefficient;
+};
+
+std::vector<TableRow> Table(const std::string& name, std::size_t column, long double unit) {
+  std::vector<TableRow> rows;
+  const std::vector<std::string> lines = testing::LinesOf(name);
+  for (std::size_t k = 1; k < lines.size(); ++k) {  // line 0 names the columns
+    const std::vector<std::string> field = testing::Split(lines[k], ',');
+    rows.push_back({std::stold(field.at(0)), std::stold(field.at(1)), std::stold(field.at(2)),
+                    std::stold(field.at(3)), std::stold(field.at(column)) * unit});
+  }
+  return rows;
+}
+
+template <class Function>
+double NaiveSum(const std::vector<TableRow>& rows, const LunarSeriesState& s, Function function) {
+  long double sum = 0.0L;
+  for (const TableRow& row : rows) {
+    const long double argument =
+        row.d * static_cast<long double>(s.D) + row.m * static_cast<long double>(s.M) +
+        row.mprime * static_cast<long double>(s.Mprime) + row.f * static_cast<long double>(s.F);
+    long double term = row.coefficient * function(argument);
+    for (long double power = std::fabs(row.m); power > 0.0L; power -= 1.0L) {
+      term *= static_cast<long double>(s.E);
+    }
+    sum += term;
+  }
+  return static_cast<double>(sum);
+}
+
+// A double angle of up to 2 pi times a multiplier of up to 6 is good to 4e-15, which the leading
+// term (6.3 degrees, 20905 km) makes 3e-14 degree and 1e-10 km; twenty times that is still far
+// below the last digit of any coefficient.
+TEST(LunarSeries, AgreesWithALongDoubleSumOverThePublishedTables) {
+  const auto longitude = Table("data/lunar/table-47a.csv", 4, 1e-6L);
+  const auto distance = Table("data/lunar/table-47a.csv", 5, 1e-3L);
+  const auto latitude = Table("data/lunar/table-47b.csv", 4, 1e-6L);
+  const auto sine = [](long double x) { return std::sin(x); };
+  const auto cosine = [](long double x) { return std::cos(x); };
+  std::mt19937_64 random(47);
+  std::uniform_real_distribution<double> angle(0.0, kTwoPi);
+  std::uniform_real_distribution<double> factor(0.8, 1.2);
+  for (int k = 0; k < 2000; ++k) {
+    LunarSeriesState state{angle(random), angle(random),  angle(random),
+                           angle(random), factor(random), 0.0};
+    state.E_squared = state.E * state.E;
+    ASSERT_NEAR(SumLunarLongitudeTerms(state), NaiveSum(longitude, state, sine), 6e-13);
+    ASSERT_NEAR(SumLunarLatitudeTerms(state), NaiveSum(latitude, state, sine), 6e-13);
+    ASSERT_NEAR(SumLunarDistanceTerms(state), NaiveSum(distance, state, cosine), 2e-9);
+  }
+}
+
+// The whole position from long double: tables, additive terms as printed (the pair in A1 and F as
+// two sines), mean longitude of the first version with a positive quartic. Sines of arguments near
+// 1e5 radians (A2, A3 at 20 centuries) keep 1e-11, the mean longitude 2e-9 degree; five times that
+// is allowed.
+TEST(LunarSeries, KeptOnPurposeMeanLongitudeQuarticIsPositive) {
+  const auto longitude = Table("data/lunar/table-47a.csv", 4, 1e-6L);
+  const auto distance = Table("data/lunar/table-47a.csv", 5, 1e-3L);
+  const auto latitude = Table("data/lunar/table-47b.csv", 4, 1e-6L);
+  const auto sine = [](long double x) { return std::sin(x); };
+  const auto cosine = [](long double x) { return std::cos(x); };
+  for (double t = -20.0; t <= 20.0; t += 0.40625) {
+    const LunarArguments a = ComputeLunarArguments(t);
+    const LunarSeriesState state{a.D, a.M, a.Mprime, a.F, a.E, a.E * a.E};
+    const double cubic = ((1.855835e-06 * t - 0.0013268) * t + 481267.88134236) * t + 218.3164591;
+    const double lprime_degrees = cubic + t * t * t * t / 65194000.0;
+    const double lprime = std::fmod(lprime_degrees, 360.0) * kRadiansPerDegree;
+    const double a1 = (119.75 + 131.849 * t) * kRadiansPerDegree;
+    const double a2 = (53.09 + 479264.290 * t) * kRadiansPerDegree;
+    const double a3 = (313.45 + 481266.484 * t) * kRadiansPerDegree;
+    const double added_longitude =
+        3958e-6 * std::sin(a1) + 1962e-6 * std::sin(lprime - a.F) + 318e-6 * std::sin(a2);
+    const double added_latitude = -2235e-6 * std::sin(lprime) + 382e-6 * std::sin(a3) +
+                                  175e-6 * std::sin(a1 - a.F) + 175e-6 * std::sin(a1 + a.F) +
+                                  127e-6 * std::sin(lprime - a.Mprime) -
+                                  115e-6 * std::sin(lprime + a.Mprime);
+
+    const LunarPosition moon = ComputeLunarPosition(t);
+    const double expected = lprime_degrees + NaiveSum(longitude, state, sine) + added_longitude;
+    ASSERT_NEAR(std::remainder(moon.lambda * kDegreesPerRadian - expected, 360.0), 0.0, 1e-8) << t;
+    ASSERT_NEAR(moon.beta * kDegreesPerRadian, NaiveSum(latitude, state, sine) + added_latitude,
+                1e-8)
+        << t;
+    ASSERT_NEAR(moon.distance_km, 385000.56 + NaiveSum(distance, state, cosine), 2e-9) << t;
+  }
+}
+
+// Instants found by scanning eighths of a day from J2000.0 on.
+TEST(LunarSeries, LongitudeBelowZeroIsLiftedByOneTurn) {
+  for (const double julian_day : {2451583.125, 2451637.75, 2451665.125}) {
+    ASSERT_LT(MeanLongitudeDegrees(julian_day), 1.2);
+    const double lambda = MoonAt(julian_day).lambda * kDegreesPerRadian;
+    EXPECT_GT(lambda, 354.0) << julian_day;
+    EXPECT_LT(lambda, 355.0) << julian_day;
+  }
+}
+
+TEST(LunarSeries, KeptOnPurposeLongitudeAboveAFullTurnIsNotReduced) {
+  for (const double julian_day : {2452430.0, 2452512.0, 2452539.25}) {
+    ASSERT_GT(MeanLongitudeDegrees(julian_day), 358.0);
+    const double lambda = MoonAt(julian_day).lambda * kDegreesPerRadian;
+    EXPECT_GT(lambda, 360.0) << julian_day;
+    EXPECT_LT(lambda, 361.0) << julian_day;
+  }
+  // The furthest above a turn among the half days of 1900 to 2099.
+  EXPECT_NEAR(MoonAt(2459779.5).lambda * kDegreesPerRadian, 367.126566, 1e-6);
+}
+
+TEST(LunarSeries, LongitudeStaysWithinEightDegreesOfOneTurn) {
+  double furthest = 0.0;
+  for (double t = -40.0; t <= 40.0; t += 0.0009765625) {
+    const double lambda = ComputeLunarPosition(t).lambda;
+    ASSERT_GE(lambda, 0.0) << t;
+    furthest = std::fmax(furthest, lambda - kTwoPi);
+  }
+  EXPECT_LT(furthest * kDegreesPerRadian, 7.8);
+  EXPECT_GT(furthest * kDegreesPerRadian, 7.0);
+}
+
+// The published polynomials differ in the signs of five small coefficients and in the size of one.
+// Across a fortnight about each moment, the largest difference in longitude.
+TEST(LunarSeries, KeptOnPurposeLongitudeDepartsFarFromJ2000) {
+  const auto largest = [](double centre) {
+    double seconds = 0.0;
+    for (int k = -200; k <= 200; ++k) {
+      const double t = centre + k * 2e-6;
+      const LunarArguments a = ComputeLunarArguments(t);
+      const double t4 = t * t * t * t;
+      const double lprime = MeanLongitudeDegrees(JulianDayFromCenturies(t)) * kRadiansPerDegree;
+      const auto published = [&](double angle, double correction) {
+        return angle - correction * kRadiansPerDegree;
+      };
+      const LunarSeriesState state{published(a.D, (8.84447e-06 + 1.0 / 113065000.0) * t4),
+                                   a.M,
+                                   published(a.Mprime, 2.0 * t4 / 14712000.0),
+                                   published(a.F, 2.0 * t * t * t / 3526000.0),
+                                   a.E,
+                                   a.E * a.E};
+      const double theirs = published(lprime, 2.0 * t4 / 65194000.0) +
+                            SumLunarLongitudeTerms(state) * kRadiansPerDegree;
+      const LunarSeriesState own{a.D, a.M, a.Mprime, a.F, a.E, a.E * a.E};
+      const double ours = lprime + SumLunarLongitudeTerms(own) * kRadiansPerDegree;
+      seconds = std::fmax(
+          seconds, std::fabs(std::remainder(ours - theirs, kTwoPi)) * kDegreesPerRadian * 3600.0);
+    }
+    return seconds;
+  };
+  EXPECT_LT(largest(1.0), 0.003);
+  EXPECT_NEAR(largest(5.0), 1.6, 0.3);
+  EXPECT_NEAR(largest(-10.0), 26.0, 5.0);
+  EXPECT_NEAR(largest(20.0), 415.0, 80.0);
+}
+
+TEST(LunarSeries, LiftingEqualsTurnByTurnAddition) {
+  std::mt19937_64 random(2);
+  std::uniform_real_distribution<double> exponent(-3.0, 22.0);
+  for (int k = 0; k < 500; ++k) {
+    const double start = -std::exp2(exponent(random));
+    double expected = start;
+    while (expected < 0.0) {
+      expected += kTwoPi;
+    }
+    ASSERT_EQ(LiftAboveZero(start), expected) << start;
+  }
+}
+
+TEST(LunarSeries, LiftingEndsForEveryInput) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(LiftAboveZero(0.0), 0.0);
+  EXPECT_EQ(LiftAboveZero(7.0), 7.0);
+  EXPECT_EQ(LiftAboveZero(kInfinity), kInfinity);
+  EXPECT_EQ(LiftAboveZero(-kInfinity), -kInfinity);
+  EXPECT_EQ(LiftAboveZero(-1e300), -1e300);
+  EXPECT_TRUE(std::isnan(LiftAboveZero(std::nan(""))));
+  for (double start = -1.0; start > -1e16; start *= 1.7) {
+    const double lifted = LiftAboveZero(start);
+    EXPECT_GE(lifted, 0.0) << start;
+    EXPECT_LT(lifted, kTwoPi) << start;
+  }
+}
+
+TEST(LunarSeries, AnswersAnyMoment) {
+  for (double t = 1.0; t < 1e308; t *= 9.7) {
+    for (const double centuries : {t, -t}) {
+      const LunarPosition moon = ComputeLunarPosition(centuries);
+      if (std::fabs(t) < 1e4) {
+        EXPECT_TRUE(std::isfinite(moon.lambda) && std::isfinite(moon.beta)) << t;
+      }
+    }
+  }
+  for (const double t : {std::nan(""), std::numeric_limits<double>::infinity()}) {
+    const LunarPosition moon = ComputeLunarPosition(t);
+    EXPECT_TRUE(std::isnan(moon.lambda));
+    EXPECT_TRUE(std::isnan(moon.beta));
+    EXPECT_TRUE(std::isnan(moon.distance_km));
+  }
+}
+
+TEST(LunarSeries, ThreadsDoNotDisturbEachOther) {
+  constexpr int kMoments = 2000;
+  const auto moment = [](int k) { return -10.0 + 0.01 * k; };
+  std::vector<LunarPosition> alone;
+  for (int k = 0; k < kMoments; ++k) {
+    alone.push_back(ComputeLunarPosition(moment(k)));
+  }
+  std::array<int, 3> differing{};
+  std::vector<std::thread> threads;
+  for (std::size_t id = 0; id < differing.size(); ++id) {
+    threads.emplace_back([&, id] {
+      for (int k = 0; k < kMoments; ++k) {
+        const int own = (k + static_cast<int>(id) * 700) % kMoments;
+        const LunarPosition moon = ComputeLunarPosition(moment(own));
+        const LunarPosition& expected = alone[static_cast<std::size_t>(own)];
+        const bool same = moon.lambda == expected.lambda && moon.beta == expected.beta &&
+                          moon.distance_km == expected.distance_km;
+        differing[id] += same ? 0 : 1;
+      }
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  for (const int count : differing) {
+    EXPECT_EQ(count, 0);
+  }
+}
+
+}  // namespace
+}  // namespace zenithor
