@@ -80,7 +80,7 @@ static inline AnyExport FindExport(Library library, const char* name) {
 }
 
 /* The exports of the table that the library has. A name is missing rightly only while the library's
- * own list of exports (ZENITHOR_EXPORTED_NAMES, ";NAME;NAME;") lacks it too. */
+ * own list of exports (ZENITHOR_EXPORTED_NAMES, ",NAME,NAME,") lacks it too. */
 typedef struct FoundExport {
   const ExportRow* row;
   AnyExport entry;
@@ -91,11 +91,11 @@ static inline int FindExports(Library library, FoundExport found[kExportCount]) 
   int count = 0;
   int listed_count = -1;
   for (const char* c = listed; *c != '\0'; ++c) {
-    listed_count += *c == ';';
+    listed_count += *c == ',';
   }
   for (int k = 0; k < kExportCount; ++k) {
     char pattern[40];
-    snprintf(pattern, sizeof pattern, ";%s;", kExports[k].name);
+    snprintf(pattern, sizeof pattern, ",%s,", kExports[k].name);
     const int is_listed = strstr(listed, pattern) != NULL;
     const AnyExport entry = FindExport(library, kExports[k].name);
     Check((entry != NULL) == is_listed, "export %s: %s", kExports[k].name,
