@@ -65,12 +65,12 @@ inline bool MeetsGoldenBlock(const EventTimeBlock& block, const std::vector<std:
   return std::fabs(block.JulianDay - expected) <= kEventTolerance;
 }
 
-// Runs every golden case through call(EventCall, EventRecord*) -> double. Blocks that an answer
+// Runs golden cases through call(EventCall, EventRecord*) -> double. Blocks that an answer
 // does not list must be untouched.
 template <class Call>
-GoldenSummary CheckGoldenEvents(Call call) {
+GoldenSummary CheckEvents(const std::vector<GoldenCase>& cases, Call call) {
   GoldenSummary summary;
-  for (const GoldenCase& golden : GoldenCases("events.tsv")) {
+  for (const GoldenCase& golden : cases) {
     const auto& words = golden.call;
     const bool takes_selector = words.at(0) == "S";
     const EventCall arguments{words.at(1), std::stod(words.at(2)),
@@ -109,6 +109,12 @@ GoldenSummary CheckGoldenEvents(Call call) {
     }
   }
   return summary;
+}
+
+// The same for tests/golden/events.tsv.
+template <class Call>
+GoldenSummary CheckGoldenEvents(Call call) {
+  return CheckEvents(GoldenCases("events.tsv"), call);
 }
 
 }  // namespace zenithor::testing

@@ -71,9 +71,9 @@ inline double GoldenTolerance(int field, double julian_day, double expected) {
 // Runs the golden cases of the codes that chosen(BodyCode) accepts through
 // call(PositionCall, BodyPositionRecord*) -> double.
 template <class Call, class Chosen>
-GoldenSummary CheckGoldenPositions(Call call, Chosen chosen) {
+GoldenSummary CheckPositions(const std::vector<GoldenCase>& cases, Call call, Chosen chosen) {
   GoldenSummary summary;
-  for (const GoldenCase& golden : GoldenCases("positions.tsv")) {
+  for (const GoldenCase& golden : cases) {
     const auto& words = golden.call;
     const PositionCall arguments{std::stod(words.at(1)), std::stod(words.at(2)),
                                  std::stod(words.at(3)), std::stod(words.at(4)),
@@ -117,6 +117,12 @@ GoldenSummary CheckGoldenPositions(Call call, Chosen chosen) {
     }
   }
   return summary;
+}
+
+// The same for tests/golden/positions.tsv.
+template <class Call, class Chosen>
+GoldenSummary CheckGoldenPositions(Call call, Chosen chosen) {
+  return CheckPositions(GoldenCases("positions.tsv"), call, chosen);
 }
 
 }  // namespace zenithor::testing

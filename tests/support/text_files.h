@@ -5,7 +5,12 @@
 #include <string>
 #include <vector>
 
-// Reading the repository's text files in tests: published values and golden answers.
+// Reading the repository's text files: published values and golden answers. Tests name them from the
+// root of the repository, wherever they run; other programs give a path.
+
+#ifndef ZENITHOR_SOURCE_DIR
+#define ZENITHOR_SOURCE_DIR "."
+#endif
 
 namespace zenithor::testing {
 
@@ -27,11 +32,11 @@ inline std::vector<std::string> Split(const std::string& line, char separator) {
   return parts;
 }
 
-// The lines of a file of the repository, without empty lines and comments.
-inline std::vector<std::string> LinesOf(const std::string& name) {
-  std::ifstream file(std::string(ZENITHOR_SOURCE_DIR) + "/" + name);
+// The lines of a file, without empty lines and comments.
+inline std::vector<std::string> LinesAt(const std::string& path) {
+  std::ifstream file(path);
   if (!file) {
-    throw std::runtime_error("cannot read " + name);
+    throw std::runtime_error(path + ": cannot be read");
   }
   std::vector<std::string> lines;
   for (std::string line; std::getline(file, line);) {
@@ -40,6 +45,11 @@ inline std::vector<std::string> LinesOf(const std::string& name) {
     }
   }
   return lines;
+}
+
+// The same for a file of the repository.
+inline std::vector<std::string> LinesOf(const std::string& name) {
+  return LinesAt(std::string(ZENITHOR_SOURCE_DIR) + "/" + name);
 }
 
 // A value of tests/published/worked-examples.csv: what the book prints, and how far this library
@@ -65,13 +75,21 @@ struct GoldenCase {
   std::vector<std::string> answer;
 };
 
-inline std::vector<GoldenCase> GoldenCases(const std::string& name) {
+inline std::vector<GoldenCase> GoldenCasesAt(const std::string& path) {
   std::vector<GoldenCase> cases;
-  for (const std::string& line : LinesOf("tests/golden/" + name)) {
+  for (const std::string& line : LinesAt(path)) {
     const std::vector<std::string> halves = Split(line, '\t');
-    cases.push_back({Split(halves.at(0), ' '), Split(halves.at(1), ' ')});
+    if (halves.size() < 2) {
+      throw std::runtime_error(path + ": a call without an answer: " + line);
+    }
+    std::vector<std::string> answer = Split(halves[1], ' ');
+    cases.push_back({Split(halves[0], ' '), std::move(answer)});
   }
   return cases;
+}
+
+inline std::vector<GoldenCase> GoldenCases(const std::string& name) {
+  return GoldenCasesAt(std::string(ZENITHOR_SOURCE_DIR) + "/tests/golden/" + name);
 }
 
 }  // namespace zenithor::testing

@@ -1,9 +1,8 @@
 #include "manifest.h"
 
-#include <nettle/sha2.h>
+#include <openssl/evp.h>
 
 #include <array>
-#include <cstdint>
 #include <nlohmann/json.hpp>
 
 #include "failure.h"
@@ -34,14 +33,14 @@ std::vector<ManifestFile> FilesFromJson(const Json& list) {
 }  // namespace
 
 std::string Sha256(const std::string& bytes) {
-  sha256_ctx context;
-  sha256_init(&context);
-  sha256_update(&context, bytes.size(), reinterpret_cast<const std::uint8_t*>(bytes.data()));
-  std::array<std::uint8_t, SHA256_DIGEST_SIZE> digest{};
-  sha256_digest(&context, digest.size(), digest.data());
+  std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+  unsigned length = 0;
+  if (EVP_Digest(bytes.data(), bytes.size(), digest.data(), &length, EVP_sha256(), nullptr) != 1) {
+    throw Failure("SHA-256 cannot be computed here");
+  }
   std::string text;
-  for (const std::uint8_t byte : digest) {
-    text += fmt::format("{:02x}", byte);
+  for (unsigned k = 0; k < length; ++k) {
+    text += fmt::format("{:02x}", digest[k]);
   }
   return text;
 }

@@ -1,0 +1,155 @@
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <cmath>
+#include <memory>
+
+#include "commands.h"
+#include "failure.h"
+#include "support/event_golden.h"
+#include "support/position_golden.h"
+
+namespace zenithor::almanac {
+
+namespace {
+
+using testing::GoldenCase;
+using testing::GoldenSummary;
+
+std::vector<GoldenCase> CasesOfKind(const std::vector<GoldenCase>& cases, const char* kinds) {
+  std::vector<GoldenCase> chosen;
+  for (const GoldenCase& golden : cases) {
+    const std::string& kind = golden.call.at(0);
+    if (kind.size() == 1 && std::string(kinds).find(kind) != std::string::npos) {
+      chosen.push_back(golden);
+    }
+  }
+  return chosen;
+}
+
+// A function that the library does not export leaves its cases unanswered, and so failed.
+constexpr double kNoAnswer = 0.0;
+
+GoldenSummary CheckPositions(const ZenithorLibrary& library, const std::vector<GoldenCase>& cases) {
+  return testing::CheckPositions(
+      cases,
+      [&library](const testing::PositionCall& call, BodyPositionRecord* record) {
+        return library.ZENITHOR(call.julian_day, call.ignored1, call.ignored2,
+                                call.observer_longitude, call.observer_latitude, call.ignored3,
+                                call.code, record);
+      },
+      [](BodyCode) { return true; });
+}
+
+template <class Function>
+struct Named {
+  const char* name;
+  Function ZenithorLibrary::*member;
+};
+
+#define ZENITHOR_NAMED(name) \
+  { #name, &ZenithorLibrary::name }
+constexpr Named<ZenithorSeasonOrPhase> kSeasonsAndPhases[] = {
+    ZENITHOR_NAMED(SPR_EQUX),  ZENITHOR_NAMED(SUM_SOL),  ZENITHOR_NAMED(FALL_EQUX),
+    ZENITHOR_NAMED(WIN_SOL),   ZENITHOR_NAMED(NEW_MOON), ZENITHOR_NAMED(FIRST_QTR),
+    ZENITHOR_NAMED(FULL_MOON), ZENITHOR_NAMED(LAST_QTR)};
+constexpr Named<ZenithorAnyEclipse> kAnyEclipse[] = {ZENITHOR_NAMED(ALL_SE),
+                                                     ZENITHOR_NAMED(ALL_LE)};
+constexpr Named<ZenithorEclipseOfKind> kEclipsesOfKind[] = {
+    ZENITHOR_NAMED(TOTAL_SE),   ZENITHOR_NAMED(ANNULAR_SE),   ZENITHOR_NAMED(ANNULAR_TSE),
+    ZENITHOR_NAMED(TOTAL_NCSE), ZENITHOR_NAMED(ANNULAR_NCSE), ZENITHOR_NAMED(PARTIAL_SE),
+    ZENITHOR_NAMED(TOTAL_LE),   ZENITHOR_NAMED(PARTIAL_LE),   ZENITHOR_NAMED(PENUM_LE)};
+#undef ZENITHOR_NAMED
+
+// Calls the function of `table` that has that name; false where none has.
+template <class Table, class Use>
+bool CallNamed(const Table& table, const ZenithorLibrary& library, const std::string& name,
+               Use use) {
+  for (const auto& entry : table) {
+    if (name == entry.name && library.*entry.member != nullptr) {
+      use(library.*entry.member);
+      return true;
+    }
+  }
+  return false;
+}
+
+GoldenSummary CheckEvents(const ZenithorLibrary& library, const std::vector<GoldenCase>& cases) {
+  return testing::CheckEvents(
+      cases, [&library](const testing::EventCall& call, EventRecord* record) {
+        double result = kNoAnswer;
+        CallNamed(kSeasonsAndPhases, library, call.name,
+                  [&](auto function) {
+                    result = function(call.julian_day, 0, 0, call.selector, record);
+                  }) ||
+            CallNamed(kAnyEclipse, library, call.name,
+                      [&](auto function) { result = function(call.julian_day, 0, 0, record); }) ||
+            CallNamed(kEclipsesOfKind, library, call.name,
+                      [&](auto function) { result = function(call.julian_day, record); });
+        return result;
+      });
+}
+
+// Lines "R DayNumber Minutes ZoneHours Longitude Latitude BodyCode Selector", answer in minutes.
+GoldenSummary CheckRising(const ZenithorLibrary& library, const std::vector<GoldenCase>& cases) {
+  constexpr double kToleranceMinutes = 1e-6;
+  GoldenSummary summary;
+  for (const GoldenCase& golden : cases) {
+    const auto& word = golden.call;
+    const auto number = [&word](std::size_t k) { return std::stod(word.at(k)); };
+    const double result =
+        library.GEO_RISE == nullptr
+            ? kNoAnswer
+            : library.GEO_RISE(number(1), number(2), number(3), number(4), number(5),
+                               std::stoi(word.at(6)), std::stoi(word.at(7)));
+    ++summary.cases;
+    if (!(std::fabs(result - std::stod(golden.answer.at(0))) <= kToleranceMinutes)) {
+      ++summary.failures;
+      if (summary.first_failure.empty()) {
+        summary.first_failure = fmt::format("{} : result {}", fmt::join(word, " "), result);
+      }
+    }
+  }
+  return summary;
+}
+
+void Add(const GoldenSummary& part, GoldenSummary& whole) {
+  whole.cases += part.cases;
+  whole.failures += part.failures;
+  if (whole.first_failure.empty()) {
+    whole.first_failure = part.first_failure;
+  }
+}
+
+int Check(const ZenithorLibrary& library, const std::string& path) {
+  const std::vector<GoldenCase> cases = testing::GoldenCasesAt(path);
+  GoldenSummary summary;
+  Add(CheckPositions(library, CasesOfKind(cases, "P")), summary);
+  Add(CheckEvents(library, CasesOfKind(cases, "SE")), summary);
+  Add(CheckRising(library, CasesOfKind(cases, "R")), summary);
+  const std::size_t others = cases.size() - static_cast<std::size_t>(summary.cases);
+  if (others > 0) {
+    throw Failure("{}: {} of {} lines are of a kind that cannot be checked", path, others,
+                  cases.size());
+  }
+  if (cases.empty()) {
+    throw Failure("{}: holds no case", path);
+  }
+  fmt::print("{}: {} cases, {} failed\n", path, summary.cases, summary.failures);
+  if (summary.failures > 0) {
+    fmt::print("first failure: {}\n", summary.first_failure);
+  }
+  return summary.failures > 0 ? 1 : 0;
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& program, Session& session) {
+  CLI::App* const command = program.add_subcommand(
+      "check", "Compares the library's answers with a file of expected ones");
+  const auto path = std::make_shared<std::string>();
+  command->add_option("FILE", *path, "Such as tests/golden/positions.tsv")->required();
+  command->callback([&session, path] { session.exit_status = Check(session.Library(), *path); });
+}
+
+}  // namespace zenithor::almanac

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "session.h"
+
+namespace CLI {
+class App;
+}
+
+namespace zenithor::almanac {
+
+// Each subcommand has a file of its own, <name>_command.cpp, with one function that adds it to the
+// program: its options, and a callback that runs it. A new one is declared here and listed in
+// main.cpp.
+
+void AddTodayCommand(CLI::App& program, Session& session);
+void AddCheckCommand(CLI::App& program, Session& session);
+
+}  // namespace zenithor::almanac

@@ -1,0 +1,48 @@
+// almanac: loads the library like any other host and prints what it answers.
+
+#include <fmt/core.h>
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+
+#include "commands.h"
+#include "session.h"
+
+namespace {
+
+int Run(int argument_count, char** arguments) {
+  using namespace zenithor::almanac;
+  Session session;
+  CLI::App program(
+      "Places and events of the Sun, the Moon and the planets. Without a command: today.",
+      "almanac");
+  program.add_option("--library", session.library_path,
+                     "The library to load; else the one beside the program");
+  program.require_subcommand(0, 1);
+  for (const auto add : {AddTodayCommand, AddCheckCommand}) {
+    add(program, session);
+  }
+  std::vector<std::string> words(arguments + 1, arguments + argument_count);
+  if (words.empty()) {
+    words.push_back("today");
+  }
+  std::reverse(words.begin(), words.end());
+  try {
+    program.parse(words);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error);
+  }
+  return session.exit_status;
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+  try {
+    return Run(argument_count, arguments);
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "almanac: {}\n", error.what());
+    return 1;
+  }
+}

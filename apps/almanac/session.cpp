@@ -1,0 +1,113 @@
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#endif
+#define ZENITHOR_LOADER
+
+#include "session.h"
+
+#include <string>
+
+#include "failure.h"
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace zenithor::almanac {
+
+namespace {
+
+using Path = std::basic_string<ZenithorPathCharacter>;
+
+#ifdef _WIN32
+
+Path Native(const std::string& text) {
+  const int length = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
+  Path path(static_cast<std::size_t>(length), L'\0');
+  MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, path.data(), length);
+  return path.c_str();
+}
+
+Path ProgramPath() {
+  Path path(32768, L'\0');
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  path.resize(length);
+  return path;
+}
+
+constexpr ZenithorPathCharacter kSeparators[] = L"\\/";
+
+bool Exists(const Path& path) {
+  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string Reason() {
+  const DWORD error = GetLastError();
+  if (error == ERROR_BAD_EXE_FORMAT) {
+    return "it is no library for a 32-bit process";
+  }
+  return error == ERROR_MOD_NOT_FOUND ? "it is not there" : fmt::format("Windows error {}", error);
+}
+
+std::string Shown(const Path& path) {
+  std::string text;
+  for (const wchar_t c : path) {
+    text += c < 128 ? static_cast<char>(c) : '?';
+  }
+  return text;
+}
+
+#else
+
+Path Native(const std::string& text) { return text; }
+
+Path ProgramPath() {
+  Path path(4096, '\0');
+  const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+  path.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+  return path;
+}
+
+constexpr ZenithorPathCharacter kSeparators[] = "/";
+
+bool Exists(const Path& path) { return access(path.c_str(), F_OK) == 0; }
+
+std::string Reason() {
+  const char* const text = dlerror();
+  return text == nullptr ? "it does not export ZENITHOR" : text;
+}
+
+std::string Shown(const Path& path) { return path; }
+
+#endif
+
+Path DefaultPath() {
+  const Path name = ZENITHOR_LIBRARY_NAME;
+  const Path program = ProgramPath();
+  const std::size_t separator = program.find_last_of(kSeparators);
+  if (separator != Path::npos) {
+    const Path beside = program.substr(0, separator + 1) + name;
+    if (Exists(beside)) {
+      return beside;
+    }
+  }
+  return name;
+}
+
+}  // namespace
+
+const ZenithorLibrary& Session::Library() {
+  if (library_.Handle == nullptr) {
+    const Path path = library_path.empty() ? DefaultPath() : Native(library_path);
+    if (!ZenithorOpen(&library_, path.c_str())) {
+      throw Failure(
+          "{} cannot be loaded: {}; make dll and make native build it, --library names it",
+          Shown(path), Reason());
+    }
+  }
+  return library_;
+}
+
+}  // namespace zenithor::almanac

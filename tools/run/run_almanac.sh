@@ -1,0 +1,40 @@
+#!/bin/sh
+# Prints today's places: the almanac in a Windows process under Wine, on the 32-bit DLL; where Wine is
+# missing, the native almanac on the native library. Words are handed to the almanac.
+#   run_almanac.sh [ARGUMENT...]
+# The data files are put into a private profile below build/ (Wine's is the one of under_wine.sh);
+# nobody's own profile is touched.
+set -eu
+root=$(cd "$(dirname "$0")/../.." && pwd)
+data=$root/out/data/archive
+
+# put FOLDER: the two files into FOLDER, where they are not there already.
+put() {
+  mkdir -p "$1"
+  for file in karvo.ndx karvo.dat; do
+    if [ ! -f "$data/$file" ]; then
+      echo "$data/$file is missing; make data builds it" >&2
+      exit 1
+    fi
+    # By rename: another run may be reading them.
+    cmp -s "$data/$file" "$1/$file" || { cp "$data/$file" "$1/$file.$$" && mv "$1/$file.$$" "$1/$file"; }
+  done
+}
+
+if command -v wine >/dev/null; then
+  prefix=${ZENITHOR_WINEPREFIX:-$root/build/wine}
+  # The Windows environment names the folder in the form C:\users\...\AppData\Roaming.
+  roaming=$("$root/tools/run/under_wine.sh" cmd /c 'echo %APPDATA%' 2>/dev/null | tr -d '\r\n' | tr '\\' /)
+  case $roaming in
+    [Cc]:/*) put "$prefix/drive_c/${roaming#??/}/tavvin_files/archive" ;;
+    *)
+      echo "Wine does not say where its application-data folder is (\"$roaming\")" >&2
+      exit 1
+      ;;
+  esac
+  exec "$root/tools/run/under_wine.sh" "$root/out/win32/almanac.exe" "$@"
+fi
+[ -z "${ZENITHOR_CI:-}" ] || { echo "Wine is not installed" >&2; exit 1; }
+echo "Wine is not installed, so this is the native library:" >&2
+put "$root/build/profile/tavvin_files/archive"
+XDG_DATA_HOME=$root/build/profile exec "$root/out/linux/almanac" "$@"
