@@ -139,12 +139,11 @@ Table NewTable(const char* name, const Columns& columns) {
 }
 
 std::vector<std::string> Head(double julian_day) {
-  return {
-      fmt::format("Places at {} (JD {:.6f}), taken as dynamical time", CalendarText(julian_day),
-                  julian_day),
-      "Heliocentric: ecliptic and true equinox of date. Geocentric, Sun and planets: geometric,",
-      "ecliptic and mean equinox of date; Moon: true equinox. Right ascension and declination:",
-      "apparent, true equator and equinox of date. Distances from Sun and Earth."};
+  return {fmt::format("Places at {} (JD {:.6f}), taken as dynamical time", CalendarText(julian_day),
+                      julian_day),
+          "Heliocentric: ecliptic of date, with nutation (Pluto without). Geocentric longitude,",
+          "latitude and distance: ecliptic of date; Sun and planets geometric, Pluto and Moon with",
+          "nutation, Pluto apparent. Right ascension and declination: apparent, equator of date."};
 }
 
 Report PlacesReport(const ZenithorLibrary& library, double julian_day, Format format) {
