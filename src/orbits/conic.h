@@ -19,8 +19,9 @@ double SolveParabola(double w);
 // Eccentric anomaly [rad] from the mean anomaly [rad], e < 1.
 double SolveEllipse(double mean_anomaly, double eccentricity);
 
-// H with e sinh H - H = W, e > 1. Beyond W of about 1e5 the residual seldom comes down to the
-// tolerance, which is absolute, and the solution is then not-a-number.
+// H with e sinh H - H = W, e > 1. The first guess W / (e - 1) overflows beyond 710, and the
+// residual of a large W, which is tested against an absolute tolerance, need not come down to it:
+// the solution is then not-a-number.
 double SolveHyperbola(double w, double eccentricity);
 
 // Where the body stands in its orbit.

@@ -21,6 +21,10 @@ double Declination(const Rectangular& v) { return std::asin(v.z / Length(v)); }
 
 }  // namespace
 
+double LightTime(double p, double e, double q) {
+  return (p + kSunInLightTime * std::log((e + p + q) / (e - p + q))) * kLightDaysPerAu;
+}
+
 void ApplyLightTime(OrbitsState& state) {
   const Rectangular e = state.earth_vector;
   const Rectangular p0 = state.pluto_vector - e;
@@ -29,11 +33,7 @@ void ApplyLightTime(OrbitsState& state) {
   // Kept on purpose: exactly two iterations, no test of convergence; the third would change the
   // light time by 2e-10 s and the place by 1e-8".
   for (int iteration = 0; iteration < 2; ++iteration) {
-    const double p = Length(state.pluto_vector - e);
-    const double q = Length(state.pluto_vector);
-    const double delay =
-        kSunInLightTime * std::log((earth_distance + p + q) / (earth_distance - p + q));
-    tau = (p + delay) * kLightDaysPerAu;
+    tau = LightTime(Length(state.pluto_vector - e), earth_distance, Length(state.pluto_vector));
     const HeliocentricPlace place = PropagateBody(state.current_day - tau, state.pluto, state);
     state.pluto_vector = place.equatorial;
     state.pluto_place = place.ecliptic;

@@ -11,6 +11,10 @@ namespace zenithor {
 // Light time [day] for unit distance.
 constexpr double kLightDaysPerAu = 0.005775518330577741;
 
+// Light time [day] over the distance P, with the Sun's delay, where the Earth is E and the object Q
+// from the Sun [au].
+double LightTime(double p, double e, double q);
+
 // Puts Pluto's vector in `state` back to where the light left it. Keeps the correction dp and the
 // rates of right ascension and declination over the light time.
 void ApplyLightTime(OrbitsState& state);

@@ -1,5 +1,7 @@
 #include "orbits/mean_elements.h"
 
+#include <iterator>
+
 #include "orbits/horner.h"
 #include "time/constants.h"
 
@@ -45,6 +47,9 @@ constexpr double kMoonMeanLongitudeHigher[] = {7.200592540556e-14,    2.23521098
 }  // namespace
 
 double PlanetMeanLongitude(int planet, double t) {
+  if (planet > static_cast<int>(std::size(kPlanets))) {
+    return 0.0;
+  }
   const MeanLongitude& mean = kPlanets[planet - 1];
   return (ReduceArcseconds(mean.rate * t) + mean.phase) * kRadiansPerArcsecond;
 }

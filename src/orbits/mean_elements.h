@@ -17,7 +17,8 @@ enum Argument {
 };
 
 // Mean longitude [rad] of planet 1 (Mercury) to 9 (Pluto) at T, in units of 10 000 Julian years
-// from J2000.0, ecliptic J2000.0: reduced to one turn before its phase is added.
+// from J2000.0, ecliptic J2000.0: reduced to one turn before its phase is added. 0 beyond the
+// ninth.
 double PlanetMeanLongitude(int planet, double t);
 
 // The Moon's mean longitude [arcsec], equinox of date, not reduced to one turn, at T Julian

@@ -26,20 +26,25 @@ SeriesSums SumLunarSeries(const PlanetSeriesTable& table, double julian_day,
 
 }  // namespace
 
+double TurnLunarLongitude(double arcseconds) {
+  // Kept on purpose: one turn at 645000", not at the half turn 648000"; only the last bits of the
+  // sine and cosine feel it.
+  if (arcseconds < -645000.0) {
+    return arcseconds + kArcsecondsPerTurn;
+  }
+  if (arcseconds > 645000.0) {
+    return arcseconds - kArcsecondsPerTurn;
+  }
+  return arcseconds;
+}
+
 Rectangular GeocentricMoon(double julian_day, SeriesScratch& scratch, ObliquityCache& obliquity) {
   FillMeanElements(julian_day, scratch.arguments);
   const SeriesSums first = SumLunarSeries(kMoonLongitudeSeries, julian_day, scratch);
   const SeriesSums second = SumLunarSeries(kMoonLatitudeSeries, julian_day, scratch);
 
-  double arcseconds =
-      first.longitude + MoonMeanLongitudeArcseconds((julian_day - kJ2000) / kDaysPerCentury);
-  // Kept on purpose: one turn at 645000", not at the half turn 648000"; only the last bits of the
-  // sine and cosine feel it.
-  if (arcseconds < -645000.0) {
-    arcseconds += kArcsecondsPerTurn;
-  } else if (arcseconds > 645000.0) {
-    arcseconds -= kArcsecondsPerTurn;
-  }
+  const double arcseconds = TurnLunarLongitude(
+      first.longitude + MoonMeanLongitudeArcseconds((julian_day - kJ2000) / kDaysPerCentury));
   const Spherical moon{
       arcseconds * kRadiansPerArcsecond, second.latitude * kRadiansPerArcsecond,
       (kRadiansPerArcsecond * first.radius + 1.0) * kMoonLongitudeSeries.mean_distance};

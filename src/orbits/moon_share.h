@@ -6,6 +6,9 @@
 
 namespace zenithor {
 
+// A longitude [arcsec] brought back by one turn where it is beyond 645000 either way.
+double TurnLunarLongitude(double arcseconds);
+
 // The Moon's geocentric vector [au], equatorial, equinox of date, from the lunar series. Fills the
 // argument list for the day.
 Rectangular GeocentricMoon(double julian_day, SeriesScratch& scratch, ObliquityCache& obliquity);

@@ -1,0 +1,172 @@
+// The fundamental arguments, the Earth that its series gives against VSOP87, the Moon's share and
+// Pluto.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "orbits/mean_elements.h"
+#include "orbits/moon_share.h"
+#include "orbits/planet_series.h"
+#include "orbits/propagate_body.h"
+#include "orbits/vectors.h"
+#include "support/text_files.h"
+#include "support/vsop87b_earth.h"
+#include "time/constants.h"
+
+namespace zenithor {
+namespace {
+
+using testing::Published;
+
+TEST(MeanElements, WriteTheirOwnEntriesAndNoOthers) {
+  double arguments[kArgumentLimit];
+  std::fill(std::begin(arguments), std::end(arguments), -777.25);
+  FillMeanElements(2460000.5, arguments);
+  for (int entry = 1; entry <= kArgumentLimit; ++entry) {
+    const bool written = entry == 3 || (entry >= 10 && entry <= 14);
+    EXPECT_EQ(arguments[entry - 1] != -777.25, written) << entry;
+  }
+}
+
+TEST(MeanElements, AgreeWithTheMoonsArgumentsOfTheBook) {
+  // Meeus, Astronomical Algorithms, example 47.a (1992 April 12, 0h): mean longitude 134.290182,
+  // elongation 113.842304, Sun's anomaly 97.643514, Moon's anomaly 5.150833, argument of latitude
+  // 219.889721 degrees, of ELP-2000/82. The present arguments were fitted to another ephemeris: the
+  // Moon's mean longitude is free of the light time (0.7") here, the perihelion of the Earth, whose
+  // orbit is nearly a circle, is 2" further on.
+  double arguments[kArgumentLimit] = {};
+  FillMeanElements(2448724.5, arguments);
+  const auto expect = [&](Argument argument, double degrees, double arcseconds) {
+    EXPECT_NEAR(std::remainder(arguments[argument - 1] * kDegreesPerRadian - degrees, 360.0), 0.0,
+                arcseconds / 3600.0);
+  };
+  expect(kMoonMeanLongitude, 134.290182, 0.7);
+  expect(kMoonElongation, 113.842304, 0.7);
+  expect(kSunAnomaly, 97.643514, 2.2);
+  expect(kMoonAnomaly, 5.150833, 0.1);
+  expect(kMoonLatitudeArgument, 219.889721, 0.1);
+}
+
+TEST(MeanElements, TheEarthsLongitudeIsThatOfTheRateTable) {
+  double arguments[kArgumentLimit] = {};
+  FillMeanElements(kJ2000 + 36525.0, arguments);
+  const double difference =
+      std::remainder(arguments[kEarthMeanLongitude - 1] - PlanetMeanLongitude(3, 0.01), kTwoPi);
+  // The phases differ by 0.0466"; after a century the list adds its -0.0204" T^2.
+  EXPECT_NEAR(difference / kRadiansPerArcsecond, -0.0670, 0.0001);
+}
+
+void FillEveryPlanet(double julian_day, SeriesScratch& scratch) {
+  for (int planet = 1; planet <= 9; ++planet) {
+    scratch.arguments[planet - 1] = PlanetMeanLongitude(planet, (julian_day - kJ2000) / 3652500.0);
+  }
+}
+
+double ArcsecondsBetween(const Rectangular& a, const Rectangular& b) {
+  return 2.0 * std::asin(Length(a / Length(a) - b / Length(b)) / 2.0) / kRadiansPerArcsecond;
+}
+
+struct EarthError {
+  double arcseconds = 0.0;
+  double au = 0.0;
+};
+
+// The largest difference from VSOP87B on `count` days over `years` either side of J2000.0.
+EarthError WorstEarth(double years, int count, bool filled) {
+  EarthError worst;
+  for (int k = 0; k < count; ++k) {
+    const double jd = kJ2000 + years * 365.25 * (2.0 * (k + 0.37) / count - 1.0);
+    OrbitsState state;
+    if (filled) {
+      FillEveryPlanet(jd, state.scratch);
+    }
+    const Spherical earth = PropagateBody(jd, state.earth, state).ecliptic;
+    const Spherical truth = testing::Vsop87bEarth(jd);
+    worst.arcseconds = std::max(worst.arcseconds, ArcsecondsBetween(SphericalToRectangular(earth),
+                                                                    SphericalToRectangular(truth)));
+    worst.au = std::max(worst.au, std::fabs(earth.radius - truth.radius));
+  }
+  return worst;
+}
+
+TEST(EarthSeries, WithEveryMeanLongitudeFilledIsTheEarthOfVsop87) {
+  // 0.14" and 1.0e-7 au over a century, 0.33" and 1.7e-7 au over five, where the two theories
+  // begin to part.
+  const EarthError century = WorstEarth(100.0, 701, true);
+  EXPECT_LT(century.arcseconds, 0.15);
+  EXPECT_LT(century.au, 1.2e-7);
+  const EarthError five = WorstEarth(500.0, 701, true);
+  EXPECT_LT(five.arcseconds, 0.4);
+  EXPECT_LT(five.au, 2e-7);
+}
+
+TEST(EarthSeries, KeptOnPurposeTheOtherPlanetsStandStillAtZero) {
+  // Up to 55" and 7.0e-5 au over five centuries. Were the entries filled it would be below 0.4".
+  const EarthError five = WorstEarth(500.0, 1501, false);
+  EXPECT_GT(five.arcseconds, 35.0);
+  EXPECT_LT(five.arcseconds, 56.0);
+  EXPECT_GT(five.au, 5e-5);
+  EXPECT_LT(five.au, 7.2e-5);
+  OrbitsState state;
+  PropagateBody(2460000.5, state.earth, state);
+  for (const int entry : {1, 2, 4, 5, 6, 7, 8, 9}) {
+    EXPECT_EQ(state.scratch.arguments[entry - 1], 0.0) << entry;
+  }
+}
+
+TEST(MoonShare, TheMoonIsTheBooksWithThePlanetsFilledIn) {
+  // Meeus, example 47.a: ELP-2000/82 cut off at some 10" in longitude, 4" in latitude, and with its
+  // mean longitude 0.5" from that of DE404.
+  SeriesScratch scratch;
+  ObliquityCache obliquity;
+  FillEveryPlanet(2448724.5, scratch);
+  const Rectangular equatorial = GeocentricMoon(2448724.5, scratch, obliquity);
+  const Rectangular v{equatorial.x,
+                      obliquity.cos_epsilon * equatorial.y + obliquity.sin_epsilon * equatorial.z,
+                      -obliquity.sin_epsilon * equatorial.y + obliquity.cos_epsilon * equatorial.z};
+  const Spherical moon = RectangularToSpherical(v);
+  EXPECT_NEAR(moon.longitude * kDegreesPerRadian, Published("47.a", "lambda mean equinox").value,
+              10.0 / 3600.0);
+  EXPECT_NEAR(moon.latitude * kDegreesPerRadian, Published("47.a", "GeoLatitude").value,
+              4.0 / 3600.0);
+  EXPECT_NEAR(moon.radius * 149597870.691, Published("47.a", "GeoDistance").value, 10.0);
+}
+
+TEST(MoonShare, KeptOnPurposeALongitudeTurnsAt645000) {
+  EXPECT_EQ(TurnLunarLongitude(645000.0), 645000.0);
+  EXPECT_EQ(TurnLunarLongitude(646000.0), -650000.0);
+  EXPECT_EQ(TurnLunarLongitude(-645000.0), -645000.0);
+  EXPECT_EQ(TurnLunarLongitude(-646000.0), 650000.0);
+  // The turn is felt by the last bits of a sine only.
+  EXPECT_NEAR(std::sin(646000.0 * kRadiansPerArcsecond), std::sin(-650000.0 * kRadiansPerArcsecond),
+              1e-15);
+}
+
+TEST(MoonShare, MovesTheBarycentreAwayFromTheMoon) {
+  SeriesScratch scratch;
+  ObliquityCache obliquity;
+  Rectangular vector{0.3, -0.8, -0.35};
+  const Rectangular barycentre = vector;
+  const double radius = RemoveMoonFromBarycentre(kJ2000, scratch, obliquity, vector);
+  EXPECT_EQ(radius, Length(vector));
+  const Rectangular moon = GeocentricMoon(kJ2000, scratch, obliquity);
+  // At J2000.0 precession changes nothing, so the shift is 1 / 82.300585 of the Moon's vector.
+  EXPECT_NEAR(Length(barycentre - vector - (1.0 / 82.300585) * moon), 0.0, 1e-15);
+  EXPECT_NEAR(Length(moon), 0.0026, 0.0002);
+}
+
+TEST(PlanetSeries, PlutoIsTheBooks) {
+  // Meeus, example 37.a, 1992 October 13.0: l 232.74071, b 14.58782 degrees, r 29.711111 au,
+  // ecliptic J2000.0; the book's series is good to 0.07" about 1990 and was fitted to DE200, some
+  // 0.1" from DE404 for Pluto.
+  SeriesScratch scratch;
+  const Spherical pluto = EvaluatePlanetSeries(2448908.5, kPlutoSeries, scratch);
+  EXPECT_NEAR(std::remainder(pluto.longitude * kDegreesPerRadian - 232.74071, 360.0), 0.0, 0.0001);
+  EXPECT_NEAR(pluto.latitude * kDegreesPerRadian, 14.58782, 0.0001);
+  EXPECT_NEAR(pluto.radius, Published("37.a", "HelioDistance").value, 0.0001);
+}
+
+}  // namespace
+}  // namespace zenithor
