@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "ephemeris/cosine_sum.h"
 #include "ephemeris/file_open.h"
 
 namespace zenithor {
@@ -44,6 +45,7 @@ const char* HeapCopy(const char* text) {
 void SetEphemerisFolder(EphemerisStore& store, const char* prefix) {
   store.series.fill(nullptr);
   store.term_count.fill(0);
+  store.tracks.fill({});
   store.path_prefix = prefix == nullptr ? "" : HeapCopy(prefix);
 }
 
@@ -55,6 +57,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   const auto s = static_cast<std::size_t>(slot);
   store.series[s] = nullptr;
   store.term_count[s] = 0;
+  store.tracks[s] = {};
 
   store.index_stream = OpenJoined(store.path_prefix, index_name);
   if (store.index_stream == nullptr) {
@@ -76,13 +79,14 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   if (total < 0) {
     return LoadStatus::kNoMemory;
   }
-  // Zeroed, so that a short data file leaves terms that contribute nothing; one term more than
-  // needed, so that an empty series has a block too.
-  auto* const block = static_cast<SeriesTerm*>(
-      std::calloc(static_cast<std::size_t>(total) + 1, sizeof(SeriesTerm)));
-  if (block == nullptr) {
+  // One block: the terms, zeroed, so that a short data file leaves terms that contribute nothing;
+  // one term more than needed, so that an empty series has a block too; behind it the tracks.
+  const std::size_t terms_size = (static_cast<std::size_t>(total) + 1) * sizeof(SeriesTerm);
+  void* const memory = std::calloc(terms_size + ArrangedSize(record, total), 1);
+  if (memory == nullptr) {
     return LoadStatus::kNoMemory;
   }
+  auto* const block = static_cast<SeriesTerm*>(memory);
   std::size_t read = 0;
   if (std::fseek(store.data_stream, first * static_cast<long>(sizeof(SeriesTerm)), SEEK_SET) == 0) {
     read =
@@ -92,6 +96,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   block[read] = {};
   store.series[s] = block;
   store.term_count[s] = total;
+  store.tracks[s] = ArrangeTerms(block, total, record, static_cast<char*>(memory) + terms_size);
   std::fclose(store.data_stream);
   std::fclose(store.index_stream);
   store.data_stream = nullptr;

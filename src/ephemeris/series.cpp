@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ephemeris/cosine_sum.h"
 #include "ephemeris/pluto_table.h"
 #include "time/angles.h"
 #include "time/constants.h"
@@ -31,35 +32,48 @@ void CorrectToFk5(double millennia, Spherical& place) {
   place.latitude += kFk5Amplitude * (cos_lprime - sin_lprime) * kRadiansPerArcsecond;
 }
 
-}  // namespace
-
-Spherical SumSeries(const EphemerisStore& store, int slot, double centuries) {
-  Spherical place{0.0, 0.0, 0.0};
-  if (!IsLoaded(store, slot)) {
-    return place;
-  }
+// Term after term with the C library's cosine: for terms and times that the fast sum does not take.
+void SumPlainly(const EphemerisStore& store, int slot, double t, double (&sums)[kSeriesCount]) {
   const auto s = static_cast<std::size_t>(slot);
-  const double t = Millennia(centuries);
   const SeriesTerm* term = store.series[s];
   // Single counts that disagree with their sum never lead past the block.
   const SeriesTerm* const end = term + store.term_count[s];
+  for (std::size_t series = 0; series < kSeriesCount; ++series) {
+    const std::ptrdiff_t count = store.index[s].series[series].term_count;
+    const SeriesTerm* const last = term + std::clamp<std::ptrdiff_t>(count, 0, end - term);
+    sums[series] = 0.0;
+    for (; term != last; ++term) {
+      sums[series] += term->amplitude * std::cos(term->phase + term->frequency * t);
+    }
+  }
+}
 
-  double* const coordinates[] = {&place.longitude, &place.latitude, &place.radius};
-  std::size_t series = 0;
-  for (double* coordinate : coordinates) {
+}  // namespace
+
+Spherical SumSeries(const EphemerisStore& store, int slot, double centuries) {
+  if (!IsLoaded(store, slot)) {
+    return {0.0, 0.0, 0.0};
+  }
+  const double t = Millennia(centuries);
+  const TermTracks& tracks = store.tracks[static_cast<std::size_t>(slot)];
+  double sums[kSeriesCount];
+  if (CanSumTracks(tracks, t)) {
+    SumTracks(tracks, t, sums);
+  } else {
+    SumPlainly(store, slot, t, sums);
+  }
+
+  double coordinates[3];
+  const double* sum = sums;
+  for (double& coordinate : coordinates) {
+    coordinate = 0.0;
     double power = 1.0;
-    for (int p = 0; p < kPowerCount; ++p, ++series) {
-      const std::ptrdiff_t count = store.index[s].series[series].term_count;
-      const SeriesTerm* const last = term + std::clamp<std::ptrdiff_t>(count, 0, end - term);
-      double sum = 0.0;
-      for (; term != last; ++term) {
-        sum += term->amplitude * std::cos(term->phase + term->frequency * t);
-      }
-      *coordinate += sum * power;
+    for (int p = 0; p < kPowerCount; ++p, ++sum) {
+      coordinate += *sum * power;
       power *= t;
     }
   }
-  return place;
+  return {coordinates[0], coordinates[1], coordinates[2]};
 }
 
 Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries) {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "ephemeris/term_tracks.h"
+
 namespace zenithor {
 
 // The periodic series of the Sun's planets, held in memory. Slot numbers are body codes 0 to 8;
@@ -39,6 +41,7 @@ struct EphemerisStore {
   std::array<SeriesTerm*, kSlotCount> series{};       // null while a slot is not loaded
   std::array<std::int32_t, kSlotCount> term_count{};  // terms in the slot's block
   std::array<BodyIndexRecord, kSlotCount> index{};
+  std::array<TermTracks, kSlotCount> tracks{};  // made from the terms, inside the slot's block
   const char* path_prefix = "";
   std::FILE* index_stream = nullptr;  // meaningful only during a load
   std::FILE* data_stream = nullptr;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zenithor {
+
+// The terms of one body arranged for the fast sum (cosine_sum.h). A body has some thousand terms
+// but only a quarter as many frequencies, and
+//
+//   A cos(B + C t) = (A cos B) cos(C t) + (-A sin B) sin(C t),
+//
+// so a term costs two products of stored numbers once cos(C t) and sin(C t) are known. Four series
+// are summed side by side, each in its stored order: the series are dealt out to four tracks, in
+// each of which they follow one another. Step n of the walk takes term n of every track.
+
+constexpr int kTrackCount = 4;
+constexpr int kMostEnds = 18;
+
+// A body with more frequencies than this is not arranged; the full series have at most 1504.
+constexpr int kMostFrequencies = 2048;
+
+// The vector lane in which a track's sum is kept.
+constexpr int kLaneOfTrack[kTrackCount] = {0, 2, 1, 3};
+
+// A series whose last term is just before `step`, in the track whose sum is in vector lane `lane`.
+struct SeriesEnd {
+  std::int32_t step;
+  std::int16_t lane;
+  std::int16_t series;
+};
+
+struct TermTracks {
+  std::int32_t frequency_count = 0;  // a multiple of four; 0 where the terms are not arranged
+  std::int32_t end_count = 0;
+  double largest_frequency = 0.0;
+  const double* frequencies = nullptr;    // distinct, then zeros up to a multiple of four
+  const double* products = nullptr;       // per step and track: A cos B, -A sin B
+  const std::uint16_t* places = nullptr;  // per step and track: twice the index of the frequency
+  SeriesEnd ends[kMostEnds] = {};         // in the order of steps
+};
+
+}  // namespace zenithor
