@@ -22,8 +22,8 @@ constexpr PlutoTerm kTerms[] = {
 };
 static_assert(std::size(kTerms) == 43, "table 37.A has 43 rows");
 
-// Kept on purpose: the multiplier -1 adds the argument like +1; up to 186" in the 8 rows that have
-// it.
+// Kept on purpose: the multiplier -1 adds the argument like +1; up to 183" of longitude, 93" of
+// latitude and 0.013 au from 1885 to 2099.
 double Multiple(int multiplier, double argument) {
   if (multiplier == 0) {
     return 0.0;

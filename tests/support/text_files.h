@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// Reading the repository's text files: published values and golden answers. Tests name them from the
-// root of the repository, wherever they run; other programs give a path.
+// Reading the repository's text files: published values and golden answers. Tests name them from
+// the root of the repository, wherever they run; other programs give a path.
 
 #ifndef ZENITHOR_SOURCE_DIR
 #define ZENITHOR_SOURCE_DIR "."
