@@ -13,6 +13,7 @@ namespace zenithor::almanac {
 // main.cpp.
 
 void AddTodayCommand(CLI::App& program, Session& session);
+void AddEventsCommand(CLI::App& program, Session& session);
 void AddCheckCommand(CLI::App& program, Session& session);
 
 }  // namespace zenithor::almanac

@@ -1,0 +1,1 @@
+events --year 2026
