@@ -13,14 +13,15 @@ namespace zenithor {
 
 void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
                            double /*observer_longitude*/, double /*observer_latitude*/,
-                           BodyCode code, BodyPositionRecord& record) {
+                           BodyCode code, MomentCache& cache, BodyPositionRecord& record) {
   const double t = JulianCenturies(julian_day);
   const double epsilon0 = code == ZENITHOR_PLUTO ? kObliquityJ2000 : MeanObliquity(t);
-  const NutationAngles nutation = Nutation(t);
+  const NutationAngles nutation = EvaluateNutation(t, cache);
 
   Spherical body{0.0, 0.0, 0.0};
   if (code != ZENITHOR_SUN) {
-    body = EvaluateBody(store, code, t);
+    body = code == ZENITHOR_EARTH ? EvaluateObserver(store, kEarthSlot, t, cache)
+                                  : EvaluateBody(store, code, t);
     StoreAngle((body.longitude + nutation.dpsi) * kDegreesPerRadian, 360.0, record.HelioLongitude);
     record.HelioLatitude = body.latitude * kDegreesPerRadian;
     record.HelioDistance = body.radius;
@@ -28,7 +29,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
 
   if (code != ZENITHOR_EARTH) {
     const int observer_slot = code == ZENITHOR_PLUTO ? kEarthJ2000Slot : kEarthSlot;
-    const Spherical observer = EvaluateBody(store, observer_slot, t);
+    const Spherical observer = EvaluateObserver(store, observer_slot, t, cache);
     // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
     // declination apparent; for Mars the two differ by up to about 40".
     Spherical place = GeocentricPosition(body, observer);

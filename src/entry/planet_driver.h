@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "zenithor/zenithor.h"
 
@@ -14,6 +15,6 @@ namespace zenithor {
 // Source: Meeus, Astronomical Algorithms, chapters 22, 23, 32 and 33.
 void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
                            double observer_longitude, double observer_latitude, BodyCode code,
-                           BodyPositionRecord& record);
+                           MomentCache& cache, BodyPositionRecord& record);
 
 }  // namespace zenithor

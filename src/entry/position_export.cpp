@@ -41,7 +41,8 @@ double AnswerPositionFrom(const EphemerisStore& store, ThreadState& state, doubl
   }
   if (code == ZENITHOR_MOON) {
     WriteCalendarFields(julian_day, *record);
-    ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, *record);
+    ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, state.moment,
+                        *record);
     return ZENITHOR_DONE;
   }
   if (code == ZENITHOR_PLUTO) {
@@ -54,7 +55,8 @@ double AnswerPositionFrom(const EphemerisStore& store, ThreadState& state, doubl
     return kNoAnswer;
   }
   WriteCalendarFields(julian_day, *record);
-  ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet, *record);
+  ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet,
+                        state.moment, *record);
   return ZENITHOR_DONE;
 }
 

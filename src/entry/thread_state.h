@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "ephemeris/moment_cache.h"
 #include "orbits/state.h"
 
 namespace zenithor {
@@ -9,6 +10,7 @@ namespace zenithor {
 // What the library keeps from call to call: one set per thread.
 struct ThreadState {
   OrbitsState orbits;
+  MomentCache moment;
 };
 
 // The calling thread's own set, made on the thread's first call and released when the thread ends.

@@ -34,6 +34,25 @@ std::FILE* OpenJoined(const char* prefix, const char* name) {
   return file;
 }
 
+// A number that two different sets of terms do not share, but for one chance in 2^64; not 0.
+std::uint64_t Fingerprint(const BodyIndexRecord& record, const SeriesTerm* terms,
+                          std::int32_t term_count) {
+  std::uint64_t mixed = 1;
+  const auto mix = [&mixed](const void* bytes, std::size_t size) {
+    for (std::size_t k = 0; k < size; k += sizeof(std::uint64_t)) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, static_cast<const char*>(bytes) + k, sizeof word);
+      mixed = (mixed ^ word) * 0x9E3779B97F4A7C15u;
+      mixed ^= mixed >> 29;
+    }
+  };
+  static_assert(sizeof record % sizeof(std::uint64_t) == 0 &&
+                sizeof *terms % sizeof(std::uint64_t) == 0);
+  mix(&record, sizeof record);
+  mix(terms, static_cast<std::size_t>(term_count) * sizeof *terms);
+  return mixed == 0 ? 1 : mixed;
+}
+
 const char* HeapCopy(const char* text) {
   const std::size_t size = std::strlen(text) + 1;
   auto* const copy = static_cast<char*>(std::malloc(size));
@@ -46,6 +65,7 @@ void SetEphemerisFolder(EphemerisStore& store, const char* prefix) {
   store.series.fill(nullptr);
   store.term_count.fill(0);
   store.tracks.fill({});
+  store.fingerprint.fill(0);
   store.path_prefix = prefix == nullptr ? "" : HeapCopy(prefix);
 }
 
@@ -58,6 +78,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   store.series[s] = nullptr;
   store.term_count[s] = 0;
   store.tracks[s] = {};
+  store.fingerprint[s] = 0;
 
   store.index_stream = OpenJoined(store.path_prefix, index_name);
   if (store.index_stream == nullptr) {
@@ -96,6 +117,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   block[read] = {};
   store.series[s] = block;
   store.term_count[s] = total;
+  store.fingerprint[s] = Fingerprint(record, block, total);
   store.tracks[s] = ArrangeTerms(block, total, record, static_cast<char*>(memory) + terms_size);
   std::fclose(store.data_stream);
   std::fclose(store.index_stream);

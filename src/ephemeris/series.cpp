@@ -92,9 +92,12 @@ Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries) 
   return code == kPlutoCode ? EvaluatePluto(centuries) : EvaluateSeries(store, code, centuries);
 }
 
+Spherical SunSeenFrom(const Spherical& body) {
+  return {ReduceAngle(body.longitude + kPi), -body.latitude, body.radius};
+}
+
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries) {
-  const Spherical earth = EvaluateSeries(store, slot, centuries);
-  return {ReduceAngle(earth.longitude + kPi), -earth.latitude, earth.radius};
+  return SunSeenFrom(EvaluateSeries(store, slot, centuries));
 }
 
 Rectangular EclipticRectangular(const EphemerisStore& store, int slot, double centuries,

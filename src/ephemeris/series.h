@@ -23,6 +23,9 @@ Spherical SumSeries(const EphemerisStore& store, int slot, double centuries);
 // The Sun as seen from the body of `slot`, geometric.
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries);
 
+// The Sun as seen from a body at that heliocentric place.
+Spherical SunSeenFrom(const Spherical& body);
+
 // EvaluateSunGeocentric in rectangular coordinates [au], rotated to the equator by `epsilon` [rad],
 // or, for slot 0, by the fixed rotation to the equator of J2000.0 in the FK5 frame.
 Rectangular EclipticRectangular(const EphemerisStore& store, int slot, double centuries,

@@ -41,6 +41,7 @@ struct EphemerisStore {
   std::array<SeriesTerm*, kSlotCount> series{};       // null while a slot is not loaded
   std::array<std::int32_t, kSlotCount> term_count{};  // terms in the slot's block
   std::array<BodyIndexRecord, kSlotCount> index{};
+  std::array<std::uint64_t, kSlotCount> fingerprint{};  // of the terms; 0 where not loaded by file
   std::array<TermTracks, kSlotCount> tracks{};  // made from the terms, inside the slot's block
   const char* path_prefix = "";
   std::FILE* index_stream = nullptr;  // meaningful only during a load

@@ -7,6 +7,7 @@
 #include "moon/lunar_arguments.h"
 #include "time/angles.h"
 #include "time/constants.h"
+#include "time/sincos.h"
 
 namespace zenithor {
 
@@ -90,42 +91,40 @@ static_assert(PowersFollowTheSunsAnomaly(kLongitudeTerms) &&
                   PowersFollowTheSunsAnomaly(kDistanceTerms),
               "E goes with the first multiple of M, its square with the second");
 
-// The sum over one table, in its order. `trigonometric` is the sine or the cosine; all of them that
-// a series needs are taken in the one loop in the middle.
-template <std::size_t N, class Function>
-double SumTerms(const LunarTerm (&terms)[N], const LunarSeriesState& state,
-                Function trigonometric) {
-  double values[N];
+enum class Function : std::size_t { kCosine = 0, kSine = 1 };
+
+// The sum over one table, in its order.
+template <std::size_t N>
+double SumTerms(const LunarTerm (&terms)[N], const LunarSeriesState& state, Function function) {
+  double arguments[N];
+  double cosine_sine[2 * N];
   for (std::size_t k = 0; k < N; ++k) {
     const LunarTerm& term = terms[k];
-    values[k] = term.d * state.D + term.m * state.M + term.mprime * state.Mprime + term.f * state.F;
+    arguments[k] =
+        term.d * state.D + term.m * state.M + term.mprime * state.Mprime + term.f * state.F;
   }
-  for (double& value : values) {
-    value = trigonometric(value);
-  }
+  CosinesAndSines(arguments, static_cast<int>(N), cosine_sine);
+  const double* const values = cosine_sine + static_cast<std::size_t>(function);
   const double eccentricity[] = {1.0, state.E, state.E_squared};
   double sum = 0.0;
   for (std::size_t k = 0; k < N; ++k) {
-    sum += terms[k].coefficient * values[k] * eccentricity[terms[k].e_power];
+    sum += terms[k].coefficient * values[2 * k] * eccentricity[terms[k].e_power];
   }
   return sum;
 }
 
-double Sine(double angle) { return std::sin(angle); }
-double Cosine(double angle) { return std::cos(angle); }
-
 }  // namespace
 
 double SumLunarLongitudeTerms(const LunarSeriesState& state) {
-  return SumTerms(kLongitudeTerms, state, Sine);
+  return SumTerms(kLongitudeTerms, state, Function::kSine);
 }
 
 double SumLunarLatitudeTerms(const LunarSeriesState& state) {
-  return SumTerms(kLatitudeTerms, state, Sine);
+  return SumTerms(kLatitudeTerms, state, Function::kSine);
 }
 
 double SumLunarDistanceTerms(const LunarSeriesState& state) {
-  return SumTerms(kDistanceTerms, state, Cosine);
+  return SumTerms(kDistanceTerms, state, Function::kCosine);
 }
 
 double LiftAboveZero(double angle) {

@@ -27,11 +27,11 @@ void StoreLongitude(double degrees, double& field) {
 
 void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
                          double /*observer_longitude*/, double /*observer_latitude*/,
-                         BodyPositionRecord& record) {
+                         MomentCache& cache, BodyPositionRecord& record) {
   const double t = JulianCenturies(julian_day);
   const double epsilon0 = MeanObliquity(t);
-  const NutationAngles nutation = Nutation(t);
-  const Spherical sun = EvaluateSunGeocentric(store, kEarthSlot, t);
+  const NutationAngles nutation = EvaluateNutation(t, cache);
+  const Spherical sun = EvaluateSunGeocentric(store, kEarthSlot, t, cache);
   const LunarPosition moon = ComputeLunarPosition(t);
 
   // Kept on purpose: nutation in longitude is all that lies between the series and the record,

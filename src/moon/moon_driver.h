@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "zenithor/zenithor.h"
 
@@ -13,6 +14,6 @@ namespace zenithor {
 // A longitude that is not a number is not written; every other field is, whatever its value.
 // Source: Meeus, Astronomical Algorithms, chapters 47, 48 and 53.
 void ComputeMoonPosition(const EphemerisStore& store, double julian_day, double observer_longitude,
-                         double observer_latitude, BodyPositionRecord& record);
+                         double observer_latitude, MomentCache& cache, BodyPositionRecord& record);
 
 }  // namespace zenithor

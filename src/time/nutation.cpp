@@ -1,11 +1,11 @@
 #include "time/nutation.h"
 
-#include <cmath>
 #include <cstddef>
 #include <iterator>
 
 #include "time/angles.h"
 #include "time/constants.h"
+#include "time/sincos.h"
 
 namespace zenithor {
 
@@ -54,14 +54,21 @@ NutationAngles Nutation(double centuries) {
   const double f = FundamentalArgument(kMoonLatitudeArgument, centuries);
   const double d = FundamentalArgument(kMoonElongation, centuries);
 
+  double arguments[std::size(kTerms)];
+  double cosine_sine[2 * std::size(kTerms)];
+  for (std::size_t k = 0; k < std::size(kTerms); ++k) {
+    const NutationTerm& term = kTerms[k];
+    arguments[k] = term.d * d + term.m * m + term.mprime * mprime + term.f * f + term.omega * omega;
+  }
+  CosinesAndSines(arguments, std::size(kTerms), cosine_sine);
+
   double dpsi = 0.0;
   double deps = 0.0;
-  for (const NutationTerm& term : kTerms) {
-    const double argument =
-        term.d * d + term.m * m + term.mprime * mprime + term.f * f + term.omega * omega;
-    dpsi += (term.longitude + term.longitude_rate * centuries) * std::sin(argument);
+  for (std::size_t k = 0; k < std::size(kTerms); ++k) {
+    const NutationTerm& term = kTerms[k];
+    dpsi += (term.longitude + term.longitude_rate * centuries) * cosine_sine[2 * k + 1];
     if (term.obliquity != 0.0) {
-      deps += (term.obliquity + term.obliquity_rate * centuries) * std::cos(argument);
+      deps += (term.obliquity + term.obliquity_rate * centuries) * cosine_sine[2 * k];
     }
   }
   return {dpsi * kRadiansPerArcsecond, deps * kRadiansPerArcsecond};

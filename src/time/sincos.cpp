@@ -13,36 +13,35 @@ alignas(64) extern const CosineSine kCircleSteps[512] = {
 
 namespace {
 
-bool SuitTheKernel(const double* four) {
-  for (int k = 0; k < 4; ++k) {
-    if (!(four[k] >= -kLargestKernelAngle && four[k] <= kLargestKernelAngle)) {
-      return false;
-    }
+void FourCosinesAndSines(const double* angles, double* cosine_sine) {
+  FourInPairs x;
+  LoadFour(angles, x);
+  if (AreWithin(x, kLargestKernelAngle)) {
+    FourInPairs cosine, sine;
+    CosinesAndSinesOfFour(x, cosine, sine);
+    StoreFour(cosine, sine, cosine_sine);
+    return;
   }
-  return true;
+  for (int k = 0; k < 4; ++k) {
+    cosine_sine[2 * k] = std::cos(angles[k]);
+    cosine_sine[2 * k + 1] = std::sin(angles[k]);
+  }
 }
 
 }  // namespace
 
 void CosinesAndSines(const double* angles, int count, double* cosine_sine) {
-  for (int done = 0; done < count; done += 4) {
-    const int here = count - done < 4 ? count - done : 4;
-    alignas(16) double four[4] = {};
-    alignas(16) double result[8];
-    std::memcpy(four, angles + done, static_cast<std::size_t>(here) * sizeof(double));
-    if (SuitTheKernel(four)) {
-      FourInPairs x, cosine, sine;
-      LoadFour(four, x);
-      CosinesAndSinesOfFour(x, cosine, sine);
-      StoreFour(cosine, sine, result);
-    } else {
-      for (int k = 0; k < 4; ++k) {
-        result[2 * k] = std::cos(four[k]);
-        result[2 * k + 1] = std::sin(four[k]);
-      }
-    }
-    std::memcpy(cosine_sine + 2 * done, result,
-                static_cast<std::size_t>(here) * 2 * sizeof(double));
+  int done = 0;
+  for (; done + 4 <= count; done += 4) {
+    FourCosinesAndSines(angles + done, cosine_sine + 2 * done);
+  }
+  if (done < count) {
+    const auto rest = static_cast<std::size_t>(count - done);
+    double four[4] = {};
+    double result[8];
+    std::memcpy(four, angles + done, rest * sizeof(double));
+    FourCosinesAndSines(four, result);
+    std::memcpy(cosine_sine + 2 * done, result, 2 * rest * sizeof(double));
   }
 }
 

@@ -49,6 +49,15 @@ ZENITHOR_KERNEL void LoadFour(const double* from, FourInPairs& four) {
   four = {_mm_loadu_pd(from), _mm_loadu_pd(from + 2)};
 }
 
+// Whether all four are at most `largest` in size; false for not-a-number.
+ZENITHOR_KERNEL bool AreWithin(FourInPairs x, double largest) {
+  const __m128d sign = _mm_set1_pd(-0.0);
+  const __m128d limit = _mm_set1_pd(largest);
+  const __m128d first = _mm_cmple_pd(_mm_andnot_pd(sign, x.first), limit);
+  const __m128d second = _mm_cmple_pd(_mm_andnot_pd(sign, x.second), limit);
+  return _mm_movemask_pd(_mm_and_pd(first, second)) == 3;
+}
+
 // Two rows of kCircleSteps, those that the low bits of the two lanes of `whole` count, side by
 // side.
 ZENITHOR_KERNEL void LoadTwoSteps(__m128d whole, __m128d& cosine, __m128d& sine) {
@@ -67,12 +76,12 @@ ZENITHOR_KERNEL void LoadSteps(FourInPairs whole, FourInPairs& cosine, FourInPai
   LoadTwoSteps(whole.second, cosine.second, sine.second);
 }
 
-// cosine, sine, cosine, sine, ... to eight doubles, 16-byte aligned.
+// cosine, sine, cosine, sine, ... to eight doubles.
 ZENITHOR_KERNEL void StoreFour(FourInPairs cosine, FourInPairs sine, double* to) {
-  _mm_store_pd(to, _mm_unpacklo_pd(cosine.first, sine.first));
-  _mm_store_pd(to + 2, _mm_unpackhi_pd(cosine.first, sine.first));
-  _mm_store_pd(to + 4, _mm_unpacklo_pd(cosine.second, sine.second));
-  _mm_store_pd(to + 6, _mm_unpackhi_pd(cosine.second, sine.second));
+  _mm_storeu_pd(to, _mm_unpacklo_pd(cosine.first, sine.first));
+  _mm_storeu_pd(to + 2, _mm_unpackhi_pd(cosine.first, sine.first));
+  _mm_storeu_pd(to + 4, _mm_unpacklo_pd(cosine.second, sine.second));
+  _mm_storeu_pd(to + 6, _mm_unpackhi_pd(cosine.second, sine.second));
 }
 
 #ifdef __AVX2__
@@ -105,10 +114,10 @@ ZENITHOR_KERNEL void LoadSteps(FourInQuad whole, FourInQuad& cosine, FourInQuad&
 ZENITHOR_KERNEL void StoreFour(FourInQuad cosine, FourInQuad sine, double* to) {
   const __m256d even = _mm256_unpacklo_pd(cosine.all, sine.all);
   const __m256d odd = _mm256_unpackhi_pd(cosine.all, sine.all);
-  _mm_store_pd(to, _mm256_castpd256_pd128(even));
-  _mm_store_pd(to + 2, _mm256_castpd256_pd128(odd));
-  _mm_store_pd(to + 4, _mm256_extractf128_pd(even, 1));
-  _mm_store_pd(to + 6, _mm256_extractf128_pd(odd, 1));
+  _mm_storeu_pd(to, _mm256_castpd256_pd128(even));
+  _mm_storeu_pd(to + 2, _mm256_castpd256_pd128(odd));
+  _mm_storeu_pd(to + 4, _mm256_extractf128_pd(even, 1));
+  _mm_storeu_pd(to + 6, _mm256_extractf128_pd(odd, 1));
 }
 
 #endif

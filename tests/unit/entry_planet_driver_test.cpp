@@ -28,7 +28,8 @@ using testing::UntouchedRecord;
 
 BodyPositionRecord PlanetAt(double julian_day, BodyCode code) {
   BodyPositionRecord record = UntouchedRecord();
-  ComputePlanetPosition(FullStore(), julian_day, 0.0, 0.0, code, record);
+  MomentCache cache;
+  ComputePlanetPosition(FullStore(), julian_day, 0.0, 0.0, code, cache, record);
   return record;
 }
 
@@ -93,9 +94,11 @@ TEST(PlanetDriver, WritesNoFieldOfTheMoonAndNoReservedField) {
 TEST(PlanetDriver, DoesNotLookAtTheObserver) {
   BodyPositionRecord here = UntouchedRecord();
   BodyPositionRecord there = UntouchedRecord();
-  ComputePlanetPosition(FullStore(), 2453000.25, 0.0, 0.0, ZENITHOR_MARS, here);
+  MomentCache cache;
+  ComputePlanetPosition(FullStore(), 2453000.25, 0.0, 0.0, ZENITHOR_MARS, cache, here);
+  MomentCache fresh;
   ComputePlanetPosition(FullStore(), 2453000.25, 123.0, std::numeric_limits<double>::quiet_NaN(),
-                        ZENITHOR_MARS, there);
+                        ZENITHOR_MARS, fresh, there);
   EXPECT_TRUE(
       std::equal(testing::Doubles(here), testing::Doubles(here) + 17, testing::Doubles(there)));
 }

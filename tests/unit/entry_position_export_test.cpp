@@ -129,6 +129,21 @@ TEST(PositionExport, NeedsTheBodysSlotAndTheEarths) {
   }
 }
 
+// What one thread keeps of a moment and of the moments before changes no bit of an answer.
+TEST(PositionExport, AnswersTheBodiesOfOneMomentAsIfEachWereAskedAlone) {
+  ThreadState kept;
+  for (int call = 0; call < 300; ++call) {
+    const double julian_day = 2440000.5 + 400.0 * ((call / 11) % 3) + 7.25 * (call / 33);
+    const BodyCode code = (call * 7) % 11;
+    ThreadState fresh;
+    BodyPositionRecord together = UntouchedRecord();
+    BodyPositionRecord alone = UntouchedRecord();
+    AnswerPositionFrom(FullStore(), kept, julian_day, 0.0, 0.0, code, &together);
+    AnswerPositionFrom(FullStore(), fresh, julian_day, 0.0, 0.0, code, &alone);
+    EXPECT_TRUE(SameBytes(together, alone)) << code << " at " << julian_day;
+  }
+}
+
 TEST(PositionExport, TheProcessStoreStartsEmpty) {
   // The unit tests link the rooms, not the library, so nothing has been loaded at attach.
   for (int slot = 0; slot < kSlotCount; ++slot) {

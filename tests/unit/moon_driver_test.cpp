@@ -26,7 +26,8 @@ constexpr double kExampleDay = 2448724.5;  // 1992 April 12, 0h TD
 
 BodyPositionRecord MoonAt(double julian_day) {
   BodyPositionRecord record = UntouchedRecord();
-  ComputeMoonPosition(FullStore(), julian_day, 0.0, 0.0, record);
+  MomentCache cache;
+  ComputeMoonPosition(FullStore(), julian_day, 0.0, 0.0, cache, record);
   return record;
 }
 
@@ -92,7 +93,8 @@ TEST(MoonDriver, KeptOnPurposeTheObserverChangesNoField) {
   const double places[][2] = {{12.5, 48.0}, {-180.0, 90.0}, {1e300, std::nan("")}};
   for (const auto& place : places) {
     BodyPositionRecord record = UntouchedRecord();
-    ComputeMoonPosition(FullStore(), kExampleDay, place[0], place[1], record);
+    MomentCache cache;
+    ComputeMoonPosition(FullStore(), kExampleDay, place[0], place[1], cache, record);
     EXPECT_TRUE(SameBytes(record, centre)) << place[0];
   }
 }
@@ -144,7 +146,8 @@ TEST(MoonDriver, WithoutTheEarthAnswersAllButPhaseAndFraction) {
   const BodyPositionRecord whole = MoonAt(kExampleDay);
   const EphemerisStore empty;
   BodyPositionRecord record = UntouchedRecord();
-  ComputeMoonPosition(empty, kExampleDay, 0.0, 0.0, record);
+  MomentCache cache;
+  ComputeMoonPosition(empty, kExampleDay, 0.0, 0.0, cache, record);
   EXPECT_EQ(record.MoonPhaseAngle, kUntouchedDouble);
   EXPECT_EQ(record.MoonIlluminatedFraction, kUntouchedDouble);
   record.MoonPhaseAngle = whole.MoonPhaseAngle;

@@ -1,0 +1,39 @@
+#include "ephemeris/moment_cache.h"
+
+#include "ephemeris/series.h"
+
+namespace zenithor {
+
+Spherical EvaluateObserver(const EphemerisStore& store, int slot, double centuries,
+                           MomentCache& cache) {
+  // Terms that did not come from a file have no fingerprint.
+  const std::uint64_t fingerprint =
+      IsLoaded(store, slot) ? store.fingerprint[static_cast<std::size_t>(slot)] : 0;
+  if (fingerprint == 0) {
+    return EvaluateSeries(store, slot, centuries);
+  }
+  for (const MomentCache::Observer& kept : cache.observers) {
+    if (kept.centuries == centuries && kept.fingerprint == fingerprint) {
+      return kept.place;
+    }
+  }
+  const Spherical place = EvaluateSeries(store, slot, centuries);
+  cache.observers[cache.oldest_observer] = {centuries, fingerprint, place};
+  cache.oldest_observer = (cache.oldest_observer + 1) % MomentCache::kObserverCount;
+  return place;
+}
+
+Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                                MomentCache& cache) {
+  return SunSeenFrom(EvaluateObserver(store, slot, centuries, cache));
+}
+
+NutationAngles EvaluateNutation(double centuries, MomentCache& cache) {
+  if (cache.nutation_centuries != centuries) {
+    cache.nutation = Nutation(centuries);
+    cache.nutation_centuries = centuries;
+  }
+  return cache.nutation;
+}
+
+}  // namespace zenithor

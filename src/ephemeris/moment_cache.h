@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+#include "ephemeris/store.h"
+#include "time/nutation.h"
+#include "time/transforms.h"
+
+namespace zenithor {
+
+// What the bodies of one moment have in common, kept from call to call: a host that asks for ten
+// bodies of one day pays for the Earth and the nutation once. One record per thread, handed on by
+// reference. Each part is keyed by everything it depends on: the moment, and for the Earth the
+// terms it is summed from, by their fingerprint. A moment that is not a number is never kept.
+struct MomentCache {
+  static constexpr double kNever = std::numeric_limits<double>::quiet_NaN();
+  // Rising and setting look from the Earth at three moments, and at a fourth for slow bodies.
+  static constexpr unsigned kObserverCount = 4;
+
+  struct Observer {
+    double centuries = kNever;
+    std::uint64_t fingerprint = 0;
+    Spherical place{0.0, 0.0, 0.0};
+  };
+
+  Observer observers[kObserverCount] = {};  // the latest ones
+  unsigned oldest_observer = 0;
+  double nutation_centuries = kNever;
+  NutationAngles nutation{0.0, 0.0};
+};
+
+// EvaluateSeries(store, slot, centuries), from the cache where it holds that.
+Spherical EvaluateObserver(const EphemerisStore& store, int slot, double centuries,
+                           MomentCache& cache);
+
+// EvaluateSunGeocentric(store, slot, centuries), by way of EvaluateObserver.
+Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                                MomentCache& cache);
+
+// Nutation(centuries), from the cache where it holds that.
+NutationAngles EvaluateNutation(double centuries, MomentCache& cache);
+
+}  // namespace zenithor

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "ephemeris/loader.h"
+#include "ephemeris/moment_cache.h"
+#include "ephemeris/series.h"
+#include "support/full_store.h"
+
+namespace zenithor {
+namespace {
+
+using testing::FullStore;
+
+template <class Record>
+bool SameBits(const Record& a, const Record& b) {
+  return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+// A store whose slot 3 holds one term of L0, loaded from two files; released with the object.
+class OneTermStore {
+ public:
+  OneTermStore() = default;
+  OneTermStore(const OneTermStore&) = delete;
+  OneTermStore& operator=(const OneTermStore&) = delete;
+  ~OneTermStore() { std::free(store_.series[kEarthSlot]); }
+
+  const EphemerisStore& Load(double amplitude) {
+    std::free(store_.series[kEarthSlot]);
+    const std::string folder = ::testing::TempDir();
+    const std::string index_name = folder + "/moment_cache.ndx";
+    const std::string data_name = folder + "/moment_cache.dat";
+    BodyIndexRecord record{};
+    record.series[0].term_count = 1;
+    const std::vector<BodyIndexRecord> index(kSlotCount, record);
+    const SeriesTerm term{amplitude, 0.0, 0.0};
+    Write(index_name, index.data(), index.size() * sizeof record);
+    Write(data_name, &term, sizeof term);
+    EXPECT_EQ(LoadBodySeries(store_, kEarthSlot, index_name.c_str(), data_name.c_str()),
+              LoadStatus::kLoaded);
+    return store_;
+  }
+
+ private:
+  static void Write(const std::string& name, const void* bytes, std::size_t size) {
+    std::FILE* const file = std::fopen(name.c_str(), "wb");
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(std::fwrite(bytes, 1, size, file), size);
+    std::fclose(file);
+  }
+
+  EphemerisStore store_;
+};
+
+TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
+  MomentCache cache;
+  // Moments come back at distances below and above the number of observers that are kept.
+  for (int call = 0; call < 400; ++call) {
+    const double centuries = -20.0 + 0.37 * ((call * call) % 7) + (call % 3 == 0 ? 0.0 : 1.0);
+    const int slot = call % 5 == 0 ? kEarthJ2000Slot : kEarthSlot;
+    EXPECT_TRUE(SameBits(EvaluateObserver(FullStore(), slot, centuries, cache),
+                         EvaluateSeries(FullStore(), slot, centuries)));
+    EXPECT_TRUE(SameBits(EvaluateSunGeocentric(FullStore(), slot, centuries, cache),
+                         EvaluateSunGeocentric(FullStore(), slot, centuries)));
+    EXPECT_TRUE(SameBits(EvaluateNutation(centuries, cache), Nutation(centuries)));
+  }
+}
+
+TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
+  MomentCache cache;
+  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+    EvaluateObserver(FullStore(), kEarthSlot, k, cache);
+  }
+  EvaluateNutation(0.5, cache);
+  for (MomentCache::Observer& kept : cache.observers) {
+    kept.place.radius = 1000.0 + kept.centuries;
+  }
+  cache.nutation.dpsi = 2000.0;
+  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+    EXPECT_EQ(EvaluateObserver(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
+  }
+  EXPECT_EQ(EvaluateNutation(0.5, cache).dpsi, 2000.0);
+
+  // One moment more displaces the oldest alone.
+  EvaluateObserver(FullStore(), kEarthSlot, 9.0, cache);
+  EXPECT_LT(EvaluateObserver(FullStore(), kEarthSlot, 9.0, cache).radius, 2.0);
+  EXPECT_EQ(EvaluateObserver(FullStore(), kEarthSlot, 1.0, cache).radius, 1001.0);
+  EXPECT_LT(EvaluateObserver(FullStore(), kEarthSlot, 0.0, cache).radius, 2.0);
+}
+
+TEST(MomentCache, KnowsTheTermsApartWhenTheStoreOrItsContentChanges) {
+  MomentCache cache;
+  OneTermStore first, second;
+  const double one = EvaluateObserver(first.Load(1.0), kEarthSlot, 0.25, cache).longitude;
+  const double two = EvaluateObserver(second.Load(2.0), kEarthSlot, 0.25, cache).longitude;
+  const double three = EvaluateObserver(first.Load(3.0), kEarthSlot, 0.25, cache).longitude;
+  EXPECT_NEAR(two - one, 1.0, 1e-6);
+  EXPECT_NEAR(three - one, 2.0, 1e-6);
+  EXPECT_GT(EvaluateObserver(FullStore(), kEarthSlot, 0.25, cache).radius, 0.9);
+}
+
+TEST(MomentCache, DoesNotKeepTermsThatCameFromNoFile) {
+  SeriesTerm term{1.0, 0.0, 0.0};
+  EphemerisStore store;
+  store.series[kEarthSlot] = &term;
+  store.term_count[kEarthSlot] = 1;
+  store.index[kEarthSlot].series[0].term_count = 1;
+  MomentCache cache;
+  const double one = EvaluateObserver(store, kEarthSlot, 0.25, cache).longitude;
+  term.amplitude = 2.0;
+  EXPECT_NEAR(EvaluateObserver(store, kEarthSlot, 0.25, cache).longitude - one, 1.0, 1e-6);
+}
+
+TEST(MomentCache, GivesZerosForASlotThatIsNotLoaded) {
+  const EphemerisStore empty;
+  MomentCache cache;
+  EvaluateObserver(FullStore(), kEarthSlot, 0.25, cache);
+  EXPECT_TRUE(SameBits(EvaluateObserver(empty, kEarthSlot, 0.25, cache), {0.0, 0.0, 0.0}));
+}
+
+TEST(MomentCache, StartsEmptyForEveryMoment) {
+  const double not_a_number = std::numeric_limits<double>::quiet_NaN();
+  for (const double centuries : {0.0, -1.0, 1e300, -std::numeric_limits<double>::infinity()}) {
+    MomentCache cache;
+    const Spherical place = EvaluateObserver(FullStore(), kEarthSlot, centuries, cache);
+    const Spherical alone = EvaluateSeries(FullStore(), kEarthSlot, centuries);
+    EXPECT_TRUE(place.radius == alone.radius ||
+                (std::isnan(place.radius) && std::isnan(alone.radius)));
+  }
+  MomentCache cache;
+  EXPECT_TRUE(std::isnan(EvaluateObserver(FullStore(), kEarthSlot, not_a_number, cache).radius));
+  EXPECT_TRUE(std::isnan(EvaluateNutation(not_a_number, cache).dpsi));
+  EXPECT_TRUE(std::isnan(EvaluateObserver(FullStore(), kEarthSlot, not_a_number, cache).radius));
+}
+
+// The two zeros are one key.
+TEST(MomentCache, MayAnswerMinusZeroFromZero) {
+  EXPECT_TRUE(SameBits(EvaluateSeries(FullStore(), kEarthSlot, -0.0),
+                       EvaluateSeries(FullStore(), kEarthSlot, 0.0)));
+  EXPECT_TRUE(SameBits(Nutation(-0.0), Nutation(0.0)));
+}
+
+}  // namespace
+}  // namespace zenithor
