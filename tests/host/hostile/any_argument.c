@@ -9,8 +9,8 @@
 #include "state_call.h"
 #include "support/extreme_values.h"
 
-/* The longest call measured takes a few hundredths of a second. */
-static const double kLongestCall = 2.0; /* seconds */
+/* The slowest are eclipse searches from days so far off that they give up, some 0.04 s. */
+static const double kLongestCall = 1.0; /* second of processor time */
 
 static double longest;
 
@@ -18,9 +18,9 @@ static void CheckCall(const FoundExport* export_, const ExportArguments* argumen
   static Answer first;
   static Answer second;
   StateCall call = QuietState();
-  const double start = SecondsNow();
+  const double start = ProcessorSeconds();
   CallGuardedInState(&call, export_, arguments, &first);
-  const double seconds = SecondsNow() - start;
+  const double seconds = ProcessorSeconds() - start;
   longest = seconds > longest ? seconds : longest;
   CallGuarded(export_, arguments, &second);
   const double* const d = arguments->doubles;
@@ -41,10 +41,11 @@ int main(int argc, char** argv) {
   FoundExport exports[kExportCount];
   int count = 0;
   OpenFromArguments(argc, argv, exports, &count);
-  const int random_calls = argc > 2 ? atoi(argv[2]) : 2000;
+  const int random_calls = argc > 2 ? atoi(argv[2]) : 100;
   for (int e = 0; e < count; ++e) {
     const ExportRow* const row = exports[e].row;
-    for (int base = 0; base < 11; ++base) {
+    const int bases = IntegerCountOf(row) > 0 ? 11 : 1;
+    for (int base = 0; base < bases; ++base) {
       const ExportArguments ordinary = OrdinaryArguments(row, (uint64_t)base);
       for (int a = 0; a < DoubleCountOf(row); ++a) {
         for (int k = 0; k < kExtremeDoubleCount; ++k) {

@@ -198,6 +198,23 @@ static inline double SecondsNow(void) {
 #endif
 }
 
+/* Processor time of the calling thread: other programs on the machine do not count. */
+static inline double ProcessorSeconds(void) {
+#if defined(_WIN32)
+  FILETIME created;
+  FILETIME ended;
+  FILETIME kernel;
+  FILETIME user;
+  GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user);
+  const uint64_t ticks = ((uint64_t)user.dwHighDateTime << 32) + user.dwLowDateTime;
+  return 1e-7 * (double)ticks;
+#else
+  struct timespec now;
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return (double)now.tv_sec + 1e-9 * (double)now.tv_nsec;
+#endif
+}
+
 static inline void SleepMilliseconds(int milliseconds) {
 #if defined(_WIN32)
   Sleep((DWORD)milliseconds);
