@@ -1,13 +1,13 @@
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
-#include <cmath>
 #include <memory>
 
 #include "commands.h"
 #include "failure.h"
 #include "support/event_golden.h"
 #include "support/position_golden.h"
+#include "support/rising_golden.h"
 
 namespace zenithor::almanac {
 
@@ -90,27 +90,15 @@ GoldenSummary CheckEvents(const ZenithorLibrary& library, const std::vector<Gold
       });
 }
 
-// Lines "R DayNumber Minutes ZoneHours Longitude Latitude BodyCode Selector", answer in minutes.
 GoldenSummary CheckRising(const ZenithorLibrary& library, const std::vector<GoldenCase>& cases) {
-  constexpr double kToleranceMinutes = 1e-6;
-  GoldenSummary summary;
-  for (const GoldenCase& golden : cases) {
-    const auto& word = golden.call;
-    const auto number = [&word](std::size_t k) { return std::stod(word.at(k)); };
-    const double result =
-        library.GEO_RISE == nullptr
-            ? kNoAnswer
-            : library.GEO_RISE(number(1), number(2), number(3), number(4), number(5),
-                               std::stoi(word.at(6)), std::stoi(word.at(7)));
-    ++summary.cases;
-    if (!(std::fabs(result - std::stod(golden.answer.at(0))) <= kToleranceMinutes)) {
-      ++summary.failures;
-      if (summary.first_failure.empty()) {
-        summary.first_failure = fmt::format("{} : result {}", fmt::join(word, " "), result);
-      }
-    }
-  }
-  return summary;
+  const testing::RisingSummary summary =
+      testing::CheckRisings(cases, [&library](const testing::RisingCall& call) {
+        return library.GEO_RISE == nullptr
+                   ? kNoAnswer
+                   : library.GEO_RISE(call.day_number, call.minutes, call.zone_hours,
+                                      call.longitude_west, call.latitude, call.code, call.selector);
+      });
+  return {summary.cases, summary.failures, summary.first_failure};
 }
 
 void Add(const GoldenSummary& part, GoldenSummary& whole) {

@@ -3,10 +3,12 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 
 #include "commands.h"
+#include "failure.h"
 #include "session.h"
 
 namespace {
@@ -31,7 +33,10 @@ int Run(int argument_count, char** arguments) {
   try {
     program.parse(words);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error);
+    if (error.get_exit_code() == 0) {
+      return program.exit(error);  // the help was asked for
+    }
+    throw Failure("{}; almanac --help says more", error.what());
   }
   return session.exit_status;
 }

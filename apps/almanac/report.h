@@ -40,7 +40,7 @@ void AddFormatOption(CLI::App& command, Format& format);
 
 // Text: aligned columns. CSV: head and notes as lines that begin with #, one heading line "name
 // [unit]" a table, an empty line between tables. JSON: an object with head, tables and notes; a row
-// is an object keyed by column name, nothing is null, numbers are in full.
+// is an object keyed by column name, an empty cell is null, numbers are in full.
 std::string Render(const Report& report, Format format);
 
 }  // namespace zenithor::almanac

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "support/text_files.h"
 #include "zenithor/zenithor.h"
@@ -29,11 +30,11 @@ struct RisingSummary {
 // the series. The signals 16 and 32 must be met exactly.
 constexpr double kRisingTolerance = 1e-6;
 
-// Runs every golden case through call(RisingCall) -> double.
+// Runs golden cases through call(RisingCall) -> double.
 template <class Call>
-RisingSummary CheckGoldenRisings(Call call) {
+RisingSummary CheckRisings(const std::vector<GoldenCase>& cases, Call call) {
   RisingSummary summary;
-  for (const GoldenCase& golden : GoldenCases("rising.tsv")) {
+  for (const GoldenCase& golden : cases) {
     const auto& words = golden.call;
     const RisingCall arguments{std::stod(words.at(1)), std::stod(words.at(2)),
                                std::stod(words.at(3)), std::stod(words.at(4)),
@@ -60,6 +61,12 @@ RisingSummary CheckGoldenRisings(Call call) {
     }
   }
   return summary;
+}
+
+// The same for every case of tests/golden/rising.tsv.
+template <class Call>
+RisingSummary CheckGoldenRisings(Call call) {
+  return CheckRisings(GoldenCases("rising.tsv"), call);
 }
 
 }  // namespace zenithor::testing

@@ -20,6 +20,9 @@ std::string Decimal(double value) {
 }  // namespace
 
 int Dump(const std::string& folder, int slot) {
+  if (slot < 0 || slot >= kSlotCount) {
+    throw Failure("--slot {}: there are slots 0 to {}", slot, kSlotCount - 1);
+  }
   const std::string archive_folder = ArchiveFolder(folder);
   const Archive archive = ReadArchive(archive_folder);
   const auto record_end = (static_cast<std::size_t>(slot) + 1) * kIndexRecordBytes;

@@ -45,22 +45,20 @@ void PrintData(const std::string& data) {
 
 int Info(const std::string& file) {
   const std::string bytes = ReadBytes(file);
-  fmt::print("{}: {} bytes, SHA-256 {}\n", file, bytes.size(), Sha256(bytes));
-  if (std::filesystem::path(file).extension() == ".ndx") {
-    if (bytes.size() != kSlotCount * kIndexRecordBytes) {
-      throw Failure("{}: {} bytes; an index has {}", file, bytes.size(),
-                    kSlotCount * kIndexRecordBytes);
-    }
-    PrintIndex(bytes);
-  } else if (std::filesystem::path(file).extension() == ".dat") {
-    if (bytes.size() % kTermBytes != 0) {
-      throw Failure("{}: {} bytes are no whole number of terms of {} bytes", file, bytes.size(),
-                    kTermBytes);
-    }
-    PrintData(bytes);
-  } else {
+  const std::string kind = std::filesystem::path(file).extension().string();
+  if (kind != ".ndx" && kind != ".dat") {
     throw Failure("{}: is neither an index (.ndx) nor a data file (.dat)", file);
   }
+  if (kind == ".ndx" && bytes.size() != kSlotCount * kIndexRecordBytes) {
+    throw Failure("{}: {} bytes; an index has {}", file, bytes.size(),
+                  kSlotCount * kIndexRecordBytes);
+  }
+  if (kind == ".dat" && bytes.size() % kTermBytes != 0) {
+    throw Failure("{}: {} bytes are no whole number of terms of {} bytes", file, bytes.size(),
+                  kTermBytes);
+  }
+  fmt::print("{}: {} bytes, SHA-256 {}\n", file, bytes.size(), Sha256(bytes));
+  kind == ".ndx" ? PrintIndex(bytes) : PrintData(bytes);
   return 0;
 }
 

@@ -7,6 +7,7 @@
 #include <exception>
 
 #include "commands.h"
+#include "failure.h"
 
 namespace {
 
@@ -28,8 +29,7 @@ int Run(int argument_count, char** arguments) {
           ->add_option("--max-error", max_error_arcsec,
                        "Keep the fewest terms that hold each heliocentric place within ARCSEC over "
                        "the years -2000 to +6000")
-          ->type_name("ARCSEC")
-          ->check(CLI::PositiveNumber);
+          ->type_name("ARCSEC");
 
   std::string file;
   CLI::App* const info = app.add_subcommand("info", "Says what an index or data file holds");
@@ -46,14 +46,24 @@ int Run(int argument_count, char** arguments) {
                                             "Prints the terms of one slot as they are in "
                                             "the coefficient files");
   dump->add_option("--slot", slot, "0 the Earth of J2000.0, 1 to 8 Mercury to Neptune of date")
-      ->required()
-      ->check(CLI::Range(0, 8));
+      ->required();
   dump->add_option("DIR", folder, "Folder of the files, or the one above archive/")
       ->capture_default_str();
 
-  CLI11_PARSE(app, argument_count, arguments);
+  try {
+    app.parse(argument_count, arguments);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) {
+      return app.exit(error);  // the help was asked for
+    }
+    throw karvo::Failure("{}; karvo --help says more", error.what());
+  }
   if (*build) {
     if (*max_error) {
+      if (!(max_error_arcsec > 0.0)) {
+        throw karvo::Failure("--max-error {}: a budget is a number of arcseconds above 0",
+                             max_error_arcsec);
+      }
       build_options.max_error_arcsec = max_error_arcsec;
     }
     return karvo::Build(build_options);

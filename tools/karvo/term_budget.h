@@ -10,9 +10,10 @@ namespace zenithor::karvo {
 // The error at a moment is the displacement of the place as seen from the Sun: the root of the
 // squares of (error in L) cos B, of the error in B and of (error in R) / R. Terms are tried in
 // rising order of their largest effect in those years, and each is dropped that can be; so none of
-// the dropped ones is larger than it must be, and what is kept is as few as this order gives. The
-// moments are spread evenly and irregularly over the years; the error is then measured at other
-// moments, and where it exceeds the budget the search is repeated with a smaller one.
+// the dropped ones is larger than it must be, and what is kept is as few as this order gives. Terms
+// are chosen at 8192 moments spread evenly and irregularly over the years; the error is then
+// measured at these and 8192 others, and where it exceeds the budget the search is repeated with a
+// smaller one, up to four times; the fewest terms that held the budget are kept.
 //
 // The arithmetic is IEEE addition and multiplication alone, so that the same terms are kept on
 // every machine.

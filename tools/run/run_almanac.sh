@@ -1,7 +1,7 @@
 #!/bin/sh
 # Prints today's places: the almanac in a Windows process under Wine, on the 32-bit DLL; where Wine is
 # missing, the native almanac on the native library. Words are handed to the almanac.
-#   run_almanac.sh [ARGUMENT...]
+#   run_almanac.sh [--on win32|linux] [ARGUMENT...]
 # The data files are put into a private profile below build/ (Wine's is the one of under_wine.sh);
 # nobody's own profile is touched.
 set -eu
@@ -21,10 +21,22 @@ put() {
   done
 }
 
-if command -v wine >/dev/null; then
+run_native() {
+  put "$root/build/profile/tavvin_files/archive"
+  XDG_DATA_HOME=$root/build/profile exec "$root/out/linux/almanac" "$@"
+}
+
+run_under_wine() {
   prefix=${ZENITHOR_WINEPREFIX:-$root/build/wine}
-  # The Windows environment names the folder in the form C:\users\...\AppData\Roaming.
-  roaming=$("$root/tools/run/under_wine.sh" cmd /c 'echo %APPDATA%' 2>/dev/null | tr -d '\r\n' | tr '\\' /)
+  # The Windows environment names the folder in the form C:\users\...\AppData\Roaming; it is asked
+  # once.
+  known=$prefix/application-data
+  if [ ! -s "$known" ]; then
+    answer=$("$root/tools/run/under_wine.sh" cmd /c 'echo %APPDATA%' 2>/dev/null)
+    printf '%s' "$answer" | tr -d '\r\n' | tr '\\' / >"$known.$$"
+    mv "$known.$$" "$known"
+  fi
+  roaming=$(cat "$known")
   case $roaming in
     [Cc]:/*) put "$prefix/drive_c/${roaming#??/}/tavvin_files/archive" ;;
     *)
@@ -33,8 +45,22 @@ if command -v wine >/dev/null; then
       ;;
   esac
   exec "$root/tools/run/under_wine.sh" "$root/out/win32/almanac.exe" "$@"
+}
+
+platform=win32
+if [ "${1:-}" = --on ]; then
+  platform=$2
+  shift 2
 fi
-[ -z "${ZENITHOR_CI:-}" ] || { echo "Wine is not installed" >&2; exit 1; }
+if [ "$platform" = linux ]; then
+  run_native "$@"
+fi
+if command -v wine >/dev/null; then
+  run_under_wine "$@"
+fi
+if [ -n "${ZENITHOR_CI:-}" ]; then
+  echo "Wine is not installed, and here it must be" >&2
+  exit 1
+fi
 echo "Wine is not installed, so this is the native library:" >&2
-put "$root/build/profile/tavvin_files/archive"
-XDG_DATA_HOME=$root/build/profile exec "$root/out/linux/almanac" "$@"
+run_native "$@"

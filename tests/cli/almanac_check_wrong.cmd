@@ -1,0 +1,13 @@
+# A wrong answer is found and shown; what is no golden file is refused.
+head -n 3 "$ROOT/tests/golden/positions.tsv" >right.tsv
+sed '2s/\t323 [^ ]*/\t323 200.5/' right.tsv >wrong.tsv
+$ALMANAC check right.tsv
+$ALMANAC check wrong.tsv || true
+echo "Q 1 2	3" >kind.tsv
+$ALMANAC check kind.tsv || true
+echo "P 2451545" >half.tsv
+$ALMANAC check half.tsv || true
+: >empty.tsv
+$ALMANAC check empty.tsv || true
+$ALMANAC check absent.tsv || true
+$ALMANAC nonsense

@@ -1,0 +1,54 @@
+#!/usr/bin/env python3
+"""Runs command-line tests: each NAME.cmd is a shell script whose output must be NAME.out.
+
+    run.py [--write] NAME=COMMAND... TEST.cmd...
+
+In the scripts, $NAME is the command and $ROOT the repository; they run in an empty folder of their own.
+Standard output and standard error are compared together, the exit status is the last line. --write
+writes the .out files instead.
+"""
+import argparse
+import difflib
+import os
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+
+
+def output_of(script, variables):
+    with tempfile.TemporaryDirectory() as folder:
+        run = subprocess.run(["sh", "-eu", str(script)], cwd=folder, text=True, encoding="utf-8",
+                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
+                             env={**os.environ, "ROOT": str(ROOT), **variables})
+    # Windows programs end lines with carriage return and line feed.
+    return run.stdout.replace("\r", "") + f"exit status {run.returncode}\n"
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--write", action="store_true")
+    parser.add_argument("words", nargs="+")
+    arguments = parser.parse_args()
+    variables = dict(word.split("=", 1) for word in arguments.words if "=" in word)
+    scripts = [Path(word).resolve() for word in arguments.words if "=" not in word]
+    failed = 0
+    for script in scripts:
+        expected_file = script.with_suffix(".out")
+        actual = output_of(script, variables)
+        if arguments.write:
+            expected_file.write_text(actual, encoding="utf-8")
+            continue
+        expected = expected_file.read_text(encoding="utf-8")
+        if actual != expected:
+            failed += 1
+            sys.stdout.writelines(difflib.unified_diff(
+                expected.splitlines(True), actual.splitlines(True), expected_file.name, "this run"))
+    print(f"{len(scripts)} command-line tests, {failed} failed")
+    return 1 if failed or not scripts else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
