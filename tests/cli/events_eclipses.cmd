@@ -1,1 +1,1 @@
-events --year 1994 --kind solar-eclipses,lunar-eclipses
+$ALMANAC events --year 1994 --kind solar-eclipses,lunar-eclipses

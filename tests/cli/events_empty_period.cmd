@@ -1,1 +1,1 @@
-events --year 2026 --to 2025-01-01
+$ALMANAC events --year 2026 --to 2025-01-01

@@ -1,1 +1,1 @@
-events --from 2026-02-01
+$ALMANAC events --from 2026-02-01

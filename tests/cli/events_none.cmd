@@ -1,1 +1,1 @@
-events --year 2026 --to 2026-01-02
+$ALMANAC events --year 2026 --to 2026-01-02

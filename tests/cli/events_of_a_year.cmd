@@ -1,1 +1,1 @@
-events --year 2026
+$ALMANAC events --year 2026

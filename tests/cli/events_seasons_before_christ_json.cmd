@@ -1,1 +1,1 @@
-events --year -1537 --kind seasons --format json
+$ALMANAC events --year -1537 --kind seasons --format json

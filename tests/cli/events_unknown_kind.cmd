@@ -1,1 +1,1 @@
-events --year 2026 --kind comet
+$ALMANAC events --year 2026 --kind comet
