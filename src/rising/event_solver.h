@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstdint>
-
 #include "rising/interpolation.h"
+#include "rising/settle.h"
 
 namespace zenithor {
 
@@ -27,9 +26,9 @@ struct EventTimes {
   double rise;     // fractions of a day after T0, times 2 pi [rad]; not-a-number where the
   double transit;  // iteration does not settle; rise and set are first estimates only when the body
   double set;      // does not cross the horizon
-  std::int32_t rise_steps;  // iterations of each; 0 where there were none
-  std::int32_t transit_steps;
-  std::int32_t set_steps;
+  Refinement rise_run;
+  Refinement transit_run;
+  Refinement set_run;
 };
 
 // Rise and set are brought into the day by at most one day before and one after the iteration; the

@@ -20,11 +20,12 @@ EventProblem PoseRisingMoon(const RisingRequest& request) {
   const double epsilon = MeanObliquity(day.centuries);
   ThreePlaces places{};
   for (std::size_t k = 0; k < places.size(); ++k) {
-    // Kept on purpose: without nutation, up to a second of time in right ascension.
+    // Kept on purpose: without nutation; 0.03 minute up to latitude 50.
     const LunarPosition moon = ComputeLunarPosition(PlaceCenturies(day, k));
     places[k] = EclipticToEquatorial(moon.lambda, moon.beta, epsilon);
   }
-  // Kept on purpose: the parallax of the given instant, not of the day's start or of the event.
+  // Kept on purpose: the parallax of the given instant, not of the event; 0.1 minute up to latitude
+  // 50.
   const double distance_km = ComputeLunarPosition(day.centuries).distance_km;
   const double parallax = std::asin(kEarthRadiusKm / distance_km);
   return PoseEvents(day, places, 0.7275 * parallax - kRefraction);

@@ -16,9 +16,17 @@ constexpr double kSettledCorrection = 0.0002;  // [day], 17 s
 // any event: by then m has left the day by thousands of days.
 constexpr std::int32_t kGiveUpSteps = 100000;
 
-struct Settled {
-  double value;        // not-a-number when the iteration does not settle
+enum class Ending { kNotRun, kSettled, kNotANumber, kRepeats, kGivenUp };
+
+// How an iteration went: for those who measure.
+struct Refinement {
   std::int32_t steps;  // corrections computed
+  Ending ending;
+};
+
+struct Settled {
+  double value;  // not-a-number when the iteration does not settle
+  Refinement run;
 };
 
 inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; }
@@ -38,17 +46,20 @@ Settled Settle(double m, Correction correction) {
     const double dm = correction(m);
     m += dm;
     if (std::fabs(dm) <= kSettledCorrection) {
-      return {m, steps};
+      return {m, {steps, Ending::kSettled}};
     }
-    if (std::isnan(dm) || SameBits(m, remembered)) {
-      return {kNever, steps};
+    if (std::isnan(dm)) {
+      return {kNever, {steps, Ending::kNotANumber}};
+    }
+    if (SameBits(m, remembered)) {
+      return {kNever, {steps, Ending::kRepeats}};
     }
     if (steps == renew_at) {
       remembered = m;
       renew_at *= 2;
     }
   }
-  return {kNever, kGiveUpSteps};
+  return {kNever, {kGiveUpSteps, Ending::kGivenUp}};
 }
 
 }  // namespace zenithor
