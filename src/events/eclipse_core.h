@@ -15,9 +15,9 @@ constexpr std::int32_t kPenumbralEclipse = 7;
 
 // A search that has looked at so many lunations without an eclipse gives up. From a day that has a
 // calendar date the longest run found is 20630, near Julian day -8.5e8; from about 1e10 days on the
-// angles are too coarse for a solar search to end by itself, and such a call costs a few hundredths
-// of a second.
-constexpr std::int32_t kLongestSearch = 100000;
+// angles are too coarse for a solar search to end by itself, and such a call costs about a second.
+// A day from which a search does end sooner gets that answer, however far off it is.
+constexpr std::int32_t kLongestSearch = 1000000;
 
 // What decides about an eclipse at one lunation.
 struct EclipseGeometry {
