@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdlib>
+
 namespace zenithor {
 
 // Sines and cosines of the multiples of an angle, and of sums of such multiples.
@@ -28,7 +30,7 @@ inline void AddMultiple(int multiplier, const MultiplesRow& row, AngleSum& sum) 
   if (multiplier == 0) {
     return;
   }
-  const int index = (multiplier < 0 ? -multiplier : multiplier) - 1;
+  const int index = std::abs(multiplier) - 1;
   const double sine = multiplier < 0 ? -row.sine[index] : row.sine[index];
   const double cosine = row.cosine[index];
   if (sum.empty) {
