@@ -83,15 +83,17 @@ enum {
  *   Mercury, Venus, Mars to
  *   Neptune                  1-8, 16-23         Moon    4-10, 15, 18-23
  *   Earth                    1-3, 16-23
- * A longitude or a right ascension of exactly 0, or not a number, is not written either. */
+ * A longitude or a right ascension of exactly 0, or not a number, is not written either; Pluto's
+ * always is. */
 typedef struct BodyPositionRecord {
   double HelioLongitude;          /*  1 [deg] heliocentric ecliptic longitude of date, nutation
-                                          included, 0 to 360 */
+                                          included but for Pluto, 0 to 360 */
   double HelioLatitude;           /*  2 [deg] heliocentric ecliptic latitude */
   double HelioDistance;           /*  3 [au] heliocentric distance */
   double GeoLongitude;            /*  4 [deg] geocentric ecliptic longitude: geometric for the Sun
-                                          and the planets; with nutation for the Moon, where a value
-                                          just below 0 stays negative */
+                                          and the planets; apparent for Pluto, as are fields 5
+                                          and 6; with nutation for the Moon, where a value just
+                                          below 0 stays negative */
   double GeoLatitude;             /*  5 [deg] geocentric ecliptic latitude */
   double GeoDistance;             /*  6 [au], the Moon [km]: distance from the Earth */
   double RightAscension;          /*  7 [h] apparent right ascension, 0 to 24 */
