@@ -1,11 +1,12 @@
 #!/bin/sh
 # Runs a Windows program under Wine in a private profile below build/, without Wine's own messages.
 #   under_wine.sh PROGRAM.exe [ARGUMENT...]
-# The profile is made on first use; ZENITHOR_WINEPREFIX names another one.
+# The profile is made on first use; ZENITHOR_WINEPREFIX names another one. ZENITHOR_WINEDEBUG asks
+# for messages.
 set -eu
 root=$(cd "$(dirname "$0")/../.." && pwd)
 WINEPREFIX=${ZENITHOR_WINEPREFIX:-$root/build/wine}
-WINEDEBUG=-all
+WINEDEBUG=${ZENITHOR_WINEDEBUG:--all}
 WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 export WINEPREFIX WINEDEBUG WINEDLLOVERRIDES
 mkdir -p "$WINEPREFIX"

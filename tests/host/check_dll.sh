@@ -1,0 +1,56 @@
+#!/bin/bash
+# What a host's loader and a packager see of a DLL, read from the file itself.
+#   check_dll.sh OBJDUMP DLL EXPORTS.txt SOURCE_DIR
+# Checks: the export table is the listed names, each with one leading underscore, and nothing else;
+# imports come from the five system libraries at most; address randomisation and no-execute are on
+# and there are relocations to make use of them; the timestamp is none; no path of this machine and
+# no symbol table is left in the file.
+set -eu
+export LC_ALL=C
+objdump=$1 dll=$2 exports=$3 source_dir=$4
+failures=0
+fail() {
+  echo "check_dll: $dll: $*" >&2
+  failures=$((failures + 1))
+}
+headers=$("$objdump" -p "$dll")
+
+exported=$(printf '%s\n' "$headers" | sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' |
+  sed -n 's/^[[:space:]]*\[ *[0-9]*\] *\([^ ]*\)$/\1/p' | sort)
+listed=$(sed 's/^/_/' "$exports" | sort)
+[ -n "$exported" ] || fail "no exports found"
+[ "$exported" = "$listed" ] ||
+  fail "exported and not listed, or (indented) listed and not exported:" \
+    "$(comm -3 <(printf '%s\n' "$exported") <(printf '%s\n' "$listed") | head -n 30)"
+# Every address is exported by name: none by ordinal only.
+addresses=$(printf '%s\n' "$headers" | grep -c 'Export RVA' || true)
+[ "$addresses" = "$(printf '%s\n' "$listed" | wc -l)" ] || fail "$addresses exported addresses"
+
+imported=$(printf '%s\n' "$headers" | sed -n 's/^[[:space:]]*DLL Name: //p' | tr a-z A-Z | sort -u)
+[ -n "$imported" ] || fail "no imports found"
+for library in $imported; do
+  case $library in
+    KERNEL32.DLL | MSVCRT.DLL | SHELL32.DLL | USER32.DLL | OLE32.DLL) ;;
+    *) fail "imports from $library" ;;
+  esac
+done
+
+for bit in DYNAMIC_BASE NX_COMPAT; do
+  printf '%s\n' "$headers" | grep -qw "$bit" || fail "$bit is off"
+done
+case $headers in
+  *pei-x86-64*) printf '%s\n' "$headers" | grep -qw HIGH_ENTROPY_VA || fail "HIGH_ENTROPY_VA is off" ;;
+esac
+! printf '%s\n' "$headers" | grep -q 'Entry 5 0* 0* Base Relocation' || fail "no relocations"
+printf '%s\n' "$headers" | grep -q 'relocations stripped' && fail "relocations are stripped"
+printf '%s\n' "$headers" | grep -Eq '^Time/Date.*(Jan +1 00:00:00 1970|00000000)' || fail "has a timestamp"
+
+strings=$("$(dirname "$objdump")/strings" -a "$dll" 2>/dev/null || strings -a "$dll")
+[ -n "$strings" ] || fail "no strings found"
+for path in "$source_dir" /home/ /root/ /tmp/; do
+  ! printf '%s\n' "$strings" | grep -qF "$path" || fail "the path $path is in the file"
+done
+"$objdump" -t "$dll" 2>/dev/null | grep -q 'no symbols' || fail "a symbol table is left"
+
+[ "$failures" = 0 ]
+echo "$(printf '%s\n' "$listed" | wc -l) exports; imports from" $imported

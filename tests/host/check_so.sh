@@ -1,0 +1,35 @@
+#!/bin/bash
+# What the dynamic linker and a packager see of the shared object, read from the file itself.
+#   check_so.sh LIBRARY.so EXPORTS.txt
+# Checks: it exports the listed names, each with one leading underscore, and nothing else; it needs
+# system libraries only; relocations are read-only, the stack is not executable, and there is no
+# search path in it.
+set -eu
+export LC_ALL=C
+library=$1 exports=$2
+failures=0
+fail() {
+  echo "check_so: $library: $*" >&2
+  failures=$((failures + 1))
+}
+exported=$(nm --dynamic --defined-only "$library" | awk '{print $3}' | sort)
+listed=$(sed 's/^/_/' "$exports" | sort)
+[ "$exported" = "$listed" ] ||
+  fail "exported and not listed, or (indented) listed and not exported:" \
+    "$(comm -3 <(printf '%s\n' "$exported") <(printf '%s\n' "$listed") | head -n 30)"
+dynamic=$(readelf --dynamic --wide "$library")
+needed=$(printf '%s\n' "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p')
+[ -n "$needed" ] || fail "needs no library"
+for name in $needed; do
+  case $name in
+    libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | libdl.so.* | libpthread.so.* | ld-linux*) ;;
+    *) fail "needs $name" ;;
+  esac
+done
+! printf '%s\n' "$dynamic" | grep -Eq '\((RPATH|RUNPATH)\)' || fail "has a search path"
+printf '%s\n' "$dynamic" | grep -q 'BIND_NOW' || fail "is not bound at load"
+segments=$(readelf --segments --wide "$library")
+printf '%s\n' "$segments" | grep -q 'GNU_RELRO' || fail "relocations stay writable"
+printf '%s\n' "$segments" | grep 'GNU_STACK' | grep -q 'RW ' || fail "stack is executable"
+[ "$failures" = 0 ]
+echo "$(printf '%s\n' "$listed" | wc -l) exports; needs" $needed

@@ -1,0 +1,154 @@
+#!/bin/bash
+# Runs a host program with a user profile of its own, made afresh, and ends with its exit code.
+#   with_profile.sh DIR [OPTION...] -- PROGRAM [ARGUMENT...]
+# A Windows program (PROGRAM.exe) gets a Wine prefix in DIR: its own registry, users and Wine
+# server, so that tests neither see nor wait for each other; only the windows folder is that of
+# build/wine. Any other program gets DIR/share as XDG_DATA_HOME.
+#   --archive DIR    where the two data files are copied from
+#   --files WHICH    which of them the profile holds: both (the default), index, data, none
+#   --user NAME      the name of the profile folder (Windows)
+#   --no-desktop     the profile lacks its Desktop folder, where Wine's shell finds no folder at all
+#   --screen         gives the program a virtual screen of its own; without this it has none
+#   --opens COUNT    fails unless each data file was opened exactly COUNT times (Windows)
+#   --warnings COUNT fails unless the warning stands COUNT times on standard error (Linux)
+#   --home           the data are in ~/.local/share and XDG_DATA_HOME is not set (Linux)
+#   --no-home        neither HOME nor XDG_DATA_HOME is set (Linux)
+set -eu
+here=$(cd "$(dirname "$0")" && pwd)
+directory=$1
+shift
+archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' home=''
+while [ "$1" != -- ]; do
+  case $1 in
+    --archive) archive=$2; shift ;;
+    --files) files=$2; shift ;;
+    --user) user=$2; shift ;;
+    --opens) opens=$2; shift ;;
+    --warnings) warnings=$2; shift ;;
+    --no-desktop) desktop='' ;;
+    --screen) screen=yes ;;
+    --home) home=yes ;;
+    --no-home) home=none ;;
+    *) echo "with_profile: unknown option $1" >&2; exit 1 ;;
+  esac
+  shift
+done
+shift
+
+# Writes text as the strings of Wine's registry files: characters beyond ASCII as \xHHHH.
+registry_text() {
+  python3 -c 'import sys
+for c in sys.argv[1].replace("\\", "\\\\"):
+    print(c if ord(c) < 128 else "\\x%04x" % ord(c), end="")' "$1"
+}
+
+windows=''
+case $1 in *.exe) windows=yes ;; esac
+chmod -R u+w "$directory" 2>/dev/null || true
+rm -rf "$directory"
+mkdir -p "$directory"
+directory=$(cd "$directory" && pwd)
+unset DISPLAY WAYLAND_DISPLAY XDG_DATA_HOME
+export LC_ALL=C.UTF-8
+
+if [ -n "$windows" ]; then
+  base=${ZENITHOR_WINEPREFIX:-$(cd "$here/../.." && pwd)/build/wine}
+  [ -f "$base/.ready" ] || "$here/../../tools/run/under_wine.sh" cmd /c exit
+  prefix=$directory
+  profile=$prefix/drive_c/users/$user
+  mkdir -p "$prefix/dosdevices" "$prefix/drive_c/ProgramData" "$prefix/drive_c/users/Public" \
+    "$profile/AppData/Roaming" "$profile/AppData/Local"
+  ln -s ../drive_c "$prefix/dosdevices/c:"
+  ln -s / "$prefix/dosdevices/z:"
+  ln -s "$base/drive_c/windows" "$prefix/drive_c/windows"
+  cp "$base"/*.reg "$base/.update-timestamp" "$base/.ready" "$prefix"
+  # The shell takes the profile's folders from the registry.
+  folder=$(registry_text "C:\\users\\$user") python3 - "$prefix/user.reg" <<'PYTHON'
+import os, re, sys
+name = sys.argv[1]
+with open(name, encoding="utf-8") as file:
+    text = file.read()
+folder = os.environ["folder"].replace("\\", "\\\\")
+text, count = re.subn(r'(?m)^("(?:AppData|Desktop|Local AppData)"=(?:str\(2\):)?")[^"]*?(\\\\(?:AppData|Desktop)[^"]*")$',
+                      r'\g<1>' + folder + r'\g<2>', text)
+assert count == 6, f"{name}: {count} folders found"
+with open(name, "w", encoding="utf-8") as file:
+    file.write(text)
+PYTHON
+  [ -z "$desktop" ] || mkdir "$profile/Desktop"
+  data=$profile/AppData/Roaming/tavvin_files/archive
+else
+  data=$directory/share/tavvin_files/archive
+  [ "$home" != yes ] || data=$directory/.local/share/tavvin_files/archive
+fi
+
+mkdir -p "$data"
+case $files in
+  both) copied="karvo.ndx karvo.dat" ;;
+  index) copied=karvo.ndx ;;
+  data) copied=karvo.dat ;;
+  none) copied='' ;;
+  *) echo "with_profile: --files $files" >&2; exit 1 ;;
+esac
+for file in $copied; do
+  if [ ! -f "$archive/$file" ]; then
+    echo "with_profile: no $file in $archive: run make data" >&2
+    exit 1
+  fi
+  cp "$archive/$file" "$data"
+done
+
+screen_process=''
+leave() {
+  [ -z "$windows" ] || WINEPREFIX=$prefix wineserver --kill 2>/dev/null || true
+  [ -z "$screen_process" ] || kill "$screen_process" 2>/dev/null || true
+}
+trap leave EXIT
+
+if [ -n "$screen" ]; then
+  if ! command -v Xvfb >/dev/null; then
+    echo "with_profile: no Xvfb: apt-get install xvfb" >&2
+    exit 1
+  fi
+  # Xvfb takes a free display and writes its number when it is ready.
+  mkfifo "$directory/display"
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$directory/display" 2>/dev/null &
+  screen_process=$!
+  read -r number <"$directory/display"
+  export DISPLAY=:$number
+fi
+
+status=0
+if [ -n "$windows" ]; then
+  export ZENITHOR_WINEPREFIX=$prefix
+  if [ -n "$opens" ]; then
+    export ZENITHOR_WINEDEBUG=-all,trace+file
+  fi
+  "$here/../../tools/run/under_wine.sh" "$@" 2>"$directory/stderr" || status=$?
+  grep -v ':trace:file:' "$directory/stderr" >&2 || true
+  if [ -n "$opens" ]; then
+    for file in karvo.ndx karvo.dat; do
+      seen=$(grep -c "CreateFileW L\".*$file\"" "$directory/stderr" || true)
+      if [ "$seen" != "$opens" ]; then
+        echo "with_profile: $file was opened $seen times, not $opens" >&2
+        status=1
+      fi
+    done
+  fi
+else
+  case $home in
+    yes) export HOME=$directory ;;
+    none) unset HOME ;;
+    *) export XDG_DATA_HOME=$directory/share ;;
+  esac
+  "$@" 2>"$directory/stderr" || status=$?
+  cat "$directory/stderr" >&2
+  if [ -n "$warnings" ]; then
+    seen=$(grep -cx 'MISSING FILE: Ephemeris file is missing' "$directory/stderr" || true)
+    if [ "$seen" != "$warnings" ]; then
+      echo "with_profile: $seen warnings on standard error, not $warnings" >&2
+      status=1
+    fi
+  fi
+fi
+exit "$status"
