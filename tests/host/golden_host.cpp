@@ -1,5 +1,5 @@
 // The golden answers through the library itself, by the loader of the C header.
-//   golden_host LIBRARY positions|events
+//   golden_host LIBRARY positions|events|risings
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -8,10 +8,11 @@
 #include "host.h"
 #include "support/event_golden.h"
 #include "support/position_golden.h"
+#include "support/rising_golden.h"
 
 using zenithor::testing::EventCall;
-using zenithor::testing::GoldenSummary;
 using zenithor::testing::PositionCall;
+using zenithor::testing::RisingCall;
 
 namespace {
 
@@ -72,7 +73,15 @@ double CallEvent(const EventCall& call, EventRecord* record) {
   std::exit(EXIT_FAILURE);
 }
 
-bool Report(const char* what, const GoldenSummary& summary) {
+double CallRising(const RisingCall& call) {
+  return library.GEO_RISE == nullptr
+             ? -1.0
+             : library.GEO_RISE(call.day_number, call.minutes, call.zone_hours, call.longitude_west,
+                                call.latitude, call.code, call.selector);
+}
+
+template <class Summary>
+bool Report(const char* what, const Summary& summary) {
   std::printf("%s: %d cases, %d failures %s\n", what, summary.cases, summary.failures,
               summary.first_failure.c_str());
   return summary.cases > 0 && summary.failures == 0;
@@ -82,7 +91,7 @@ bool Report(const char* what, const GoldenSummary& summary) {
 
 int main(int count, char** words) {
   if (count < 3) {
-    std::fprintf(stderr, "usage: golden_host LIBRARY positions|events\n");
+    std::fprintf(stderr, "usage: golden_host LIBRARY positions|events|risings\n");
     return EXIT_FAILURE;
   }
   library_path = words[1];
@@ -97,6 +106,8 @@ int main(int count, char** words) {
                                     CallPosition, [](BodyCode) { return true; }));
     } else if (std::strcmp(words[2], "events") == 0) {
       met = Report("events", zenithor::testing::CheckGoldenEvents(CallEvent));
+    } else if (std::strcmp(words[2], "risings") == 0) {
+      met = Report("risings", zenithor::testing::CheckGoldenRisings(CallRising));
     }
   } catch (const std::exception& problem) {
     std::fprintf(stderr, "golden_host: %s\n", problem.what());
