@@ -286,9 +286,9 @@ enum { ZENITHOR_RISE = 1, ZENITHOR_TRANSIT = 2, ZENITHOR_SET = 3 };
  *   not-a-number when the time does not settle (a body that grazes the horizon, above about 60
  *       degrees of latitude; the other two times of that day are answered), when an argument is not
  *       finite, and for the Earth, which has no direction from itself;
- *   0.0 when the selector is not 1 to 3, the body not 0 to 10, or the data files that the body needs
- *       were not loaded (the Moon needs none). This is looked at first.
- * Always returns. Delta T is applied. Method: Meeus, Astronomical Algorithms, chapter 15. */
+ *   0.0 when the selector is not 1 to 3, the body not 0 to 10, or the data files that the body
+ * needs were not loaded (the Moon needs none). This is looked at first. Always returns. Delta T is
+ * applied. Method: Meeus, Astronomical Algorithms, chapter 15. */
 double ZENITHOR_CALL GEO_RISE(double DayNumber, double Minutes, double ZoneHours,
                               double ObserverLongitude, double ObserverLatitude, BodyCode Body,
                               int32_t Selector) ZENITHOR_EXPORTED_AS("_GEO_RISE");
@@ -296,18 +296,18 @@ double ZENITHOR_CALL GEO_RISE(double DayNumber, double Minutes, double ZoneHours
 /* The day number of the zone day that holds a Julian day of universal time: a whole number, to be
  * passed with 0 minutes and the same ZoneHours. A moment within 0.1 ms before midnight, which is
  * where a rounded Julian day of midnight may lie, counts as midnight. */
-static inline double ZenithorDayNumber(double JulianDay, double ZoneHours) {
+ZENITHOR_INLINE double ZenithorDayNumber(double JulianDay, double ZoneHours) {
   return floor(JulianDay - ZENITHOR_DAY_NUMBER_EPOCH - ZoneHours / 24.0 + 1e-9);
 }
 
 /* The Julian day of universal time, of an answer of GEO_RISE in minutes for a whole day number. */
-static inline double ZenithorRisingJulianDay(double DayNumber, double ZoneHours, double Answer) {
+ZENITHOR_INLINE double ZenithorRisingJulianDay(double DayNumber, double ZoneHours, double Answer) {
   return DayNumber + (ZoneHours / 24.0 + Answer / 1440.0) + ZENITHOR_DAY_NUMBER_EPOCH;
 }
 
 /* Longitude and zone as GEO_RISE counts them, of the everyday ones, positive east of Greenwich. */
-static inline double ZenithorWestLongitude(double EastLongitude) { return -EastLongitude; }
-static inline double ZenithorWestZone(double EastZoneHours) { return -EastZoneHours; }
+ZENITHOR_INLINE double ZenithorWestLongitude(double EastLongitude) { return -EastLongitude; }
+ZENITHOR_INLINE double ZenithorWestZone(double EastZoneHours) { return -EastZoneHours; }
 
 /* Layout that compiled hosts rely on. */
 ZENITHOR_STATIC_ASSERT(sizeof(BodyPositionRecord) == 160, "BodyPositionRecord is 160 bytes");
@@ -355,8 +355,8 @@ typedef double(ZENITHOR_CALL* ZenithorAnyEclipse)(double JulianDay, double Ignor
                                                   double Ignored2, EventRecord* Record);
 typedef double(ZENITHOR_CALL* ZenithorEclipseOfKind)(double JulianDay, EventRecord* Record);
 typedef double(ZENITHOR_CALL* ZenithorRise)(double DayNumber, double Minutes, double ZoneHours,
-                                            double WestLongitude, double Latitude, BodyCode Body,
-                                            int32_t Selector);
+                                            double ObserverLongitude, double ObserverLatitude,
+                                            BodyCode Body, int32_t Selector);
 
 /* The functions of a loaded library, each null where the library does not export it. */
 typedef struct ZenithorLibrary {

@@ -42,6 +42,19 @@ static void CheckMoonWithoutSun(const ZenithorLibrary* library) {
                sizeof(double)) == 0);
 }
 
+/* Pluto, the Moon's risings and the events need no data; other risings do. */
+static void CheckWhatNeedsNoData(const ZenithorLibrary* library) {
+  const double day_number = 15000.0;
+  BodyPositionRecord record;
+  EventRecord events;
+  memset(&record, HOST_PATTERN, sizeof record);
+  CHECK(library->ZENITHOR(J2000, 0.0, 0.0, 0.0, 0.0, 0.0, ZENITHOR_PLUTO, &record) == 323.0);
+  CHECK(record.GeoLongitude > 250.0 && record.GeoLongitude < 252.0);
+  CHECK(library->SPR_EQUX(J2000, 0.0, 0.0, 0, &events) > J2000);
+  CHECK(library->GEO_RISE(day_number, 0.0, 0.0, 0.0, 50.0, ZENITHOR_SUN, ZENITHOR_RISE) == 0.0);
+  CHECK(library->GEO_RISE(day_number, 0.0, 0.0, 0.0, 50.0, ZENITHOR_MOON, ZENITHOR_RISE) > 0.0);
+}
+
 static void CheckEmpty(const ZenithorLibrary* library) {
   int k;
   for (k = 0; k < PLANET_COUNT; ++k) {
@@ -87,6 +100,7 @@ int main(int count, char** words) {
   } else {
     CheckEmpty(&library);
     CheckMoonWithoutSun(&library);
+    CheckWhatNeedsNoData(&library);
   }
   ZenithorClose(&library);
   CHECK(library.Handle == NULL && library.ZENITHOR == NULL);

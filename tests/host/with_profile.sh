@@ -1,5 +1,6 @@
 #!/bin/bash
-# Runs a host program with a user profile of its own, made afresh, and ends with its exit code.
+# Runs a host program with a user profile of its own, made afresh, and ends with 0 where all is as the
+# options say.
 #   with_profile.sh DIR [OPTION...] -- PROGRAM [ARGUMENT...]
 # A Windows program (PROGRAM.exe) gets a Wine prefix in DIR: its own registry, users and Wine
 # server, so that tests neither see nor wait for each other; only the windows folder is that of
@@ -11,13 +12,15 @@
 #   --screen         gives the program a virtual screen of its own; without this it has none
 #   --opens COUNT    fails unless each data file was opened exactly COUNT times (Windows)
 #   --warnings COUNT fails unless the warning stands COUNT times on standard error (Linux)
+#   --exit CODE      the exit code that the program must have, if not 0
+#   --expect FILE    fails unless the program prints what the file holds
 #   --home           the data are in ~/.local/share and XDG_DATA_HOME is not set (Linux)
 #   --no-home        neither HOME nor XDG_DATA_HOME is set (Linux)
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 directory=$1
 shift
-archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' home=''
+archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home=''
 while [ "$1" != -- ]; do
   case $1 in
     --archive) archive=$2; shift ;;
@@ -27,6 +30,8 @@ while [ "$1" != -- ]; do
     --warnings) warnings=$2; shift ;;
     --no-desktop) desktop='' ;;
     --screen) screen=yes ;;
+    --expect) expected=$2; shift ;;
+    --exit) code=$2; shift ;;
     --home) home=yes ;;
     --no-home) home=none ;;
     *) echo "with_profile: unknown option $1" >&2; exit 1 ;;
@@ -118,37 +123,43 @@ if [ -n "$screen" ]; then
   export DISPLAY=:$number
 fi
 
-status=0
+run=''
 if [ -n "$windows" ]; then
+  run=$here/../../tools/run/under_wine.sh
   export ZENITHOR_WINEPREFIX=$prefix
-  if [ -n "$opens" ]; then
-    export ZENITHOR_WINEDEBUG=-all,trace+file
-  fi
-  "$here/../../tools/run/under_wine.sh" "$@" 2>"$directory/stderr" || status=$?
-  grep -v ':trace:file:' "$directory/stderr" >&2 || true
-  if [ -n "$opens" ]; then
-    for file in karvo.ndx karvo.dat; do
-      seen=$(grep -c "CreateFileW L\".*$file\"" "$directory/stderr" || true)
-      if [ "$seen" != "$opens" ]; then
-        echo "with_profile: $file was opened $seen times, not $opens" >&2
-        status=1
-      fi
-    done
-  fi
+  [ -z "$opens" ] || export ZENITHOR_WINEDEBUG=-all,trace+file
 else
   case $home in
     yes) export HOME=$directory ;;
     none) unset HOME ;;
     *) export XDG_DATA_HOME=$directory/share ;;
   esac
-  "$@" 2>"$directory/stderr" || status=$?
-  cat "$directory/stderr" >&2
-  if [ -n "$warnings" ]; then
-    seen=$(grep -cx 'MISSING FILE: Ephemeris file is missing' "$directory/stderr" || true)
-    if [ "$seen" != "$warnings" ]; then
-      echo "with_profile: $seen warnings on standard error, not $warnings" >&2
-      status=1
-    fi
-  fi
+fi
+status=0
+$run "$@" >"$directory/stdout" 2>"$directory/stderr" || status=$?
+cat "$directory/stdout"
+grep -v ':trace:file:' "$directory/stderr" >&2 || true
+
+fail() {
+  echo "with_profile: $*" >&2
+  status=1
+}
+if [ "$status" = "$code" ]; then
+  status=0
+else
+  fail "exit code $status, not $code"
+fi
+if [ -n "$opens" ]; then
+  for file in karvo.ndx karvo.dat; do
+    seen=$(grep -c "CreateFileW L\".*$file\"" "$directory/stderr" || true)
+    [ "$seen" = "$opens" ] || fail "$file was opened $seen times, not $opens"
+  done
+fi
+if [ -n "$warnings" ]; then
+  seen=$(grep -cx 'MISSING FILE: Ephemeris file is missing' "$directory/stderr" || true)
+  [ "$seen" = "$warnings" ] || fail "$seen warnings on standard error, not $warnings"
+fi
+if [ -n "$expected" ]; then
+  diff <(tr -d '\r' <"$directory/stdout") "$expected" >&2 || fail "not what $expected holds"
 fi
 exit "$status"
