@@ -6,9 +6,8 @@ set -eu
 source=$1 toolchain=$2 built=$3 work=$4
 rm -rf "$work"
 mkdir -p "$work/elsewhere"
-for part in CMakeLists.txt cmake include src packaging; do
-  cp -R "$source/$part" "$work/elsewhere/"
-done
+tar -C "$source" --exclude=./build --exclude=./out --exclude=./.git -cf - . |
+  tar -C "$work/elsewhere" -xf -
 export CCACHE_DISABLE=1 TZ=Pacific/Kiritimati
 unset SOURCE_DATE_EPOCH
 cmake -S "$work/elsewhere" -B "$work/elsewhere/b" -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
