@@ -16,6 +16,10 @@ namespace {
 
 constexpr double kLunationsPerDay = 0.0338631919931529;  // 1 / 29.530588853
 
+// |gamma| [Earth radii] beyond which, for u = 0, neither the Sun nor the Moon is eclipsed in any
+// way.
+constexpr double kWidestPenumbra = 1.5573;
+
 // The angles that the series are made of [rad], and the eccentricity factor.
 struct EclipseAngles {
   double m, mprime, f1, a1, omega;
@@ -93,12 +97,18 @@ EclipseGeometry ComputeEclipseGeometry(double k) {
   const double a1 = (299.77 + 0.107408 * k - 0.009173 * centuries * centuries) * kRadiansPerDegree;
   const EclipseAngles angles{lunar.M, lunar.Mprime, f1, a1, lunar.Omega, lunar.E};
 
-  const double jde = mean_jde + SumSines(kInstantTerms, angles);
   const double p = SumSines(kPTerms, angles);
   const double q = SumCosines(kQTerms, angles);
   const double w = std::fabs(std::cos(f1));
   const double gamma = (p * std::cos(f1) + q * std::sin(f1)) * (1.0 - 0.0048 * w);
-  return {jde, SumCosines(kUTerms, angles), std::fabs(gamma), lunar.Mprime};
+  const double abs_gamma = std::fabs(gamma);
+  const double u = SumCosines(kUTerms, angles);
+
+  // No search stops here, so nobody reads the instant.
+  if (abs_gamma > kWidestPenumbra + std::fabs(u)) {
+    return {mean_jde, u, abs_gamma, lunar.Mprime};
+  }
+  return {mean_jde + SumSines(kInstantTerms, angles), u, abs_gamma, lunar.Mprime};
 }
 
 double FirstLunationAfter(double julian_day) {

@@ -14,9 +14,9 @@ constexpr std::int32_t kPartialEclipse = 6;
 constexpr std::int32_t kPenumbralEclipse = 7;
 
 // A search that has looked at so many lunations without an eclipse gives up. From a day that has a
-// calendar date the longest run found is 20630, near Julian day -8.5e8; from about 1e10 days on the
-// angles are too coarse for a solar search to end by itself, and such a call costs about a second.
-// A day from which a search does end sooner gets that answer, however far off it is.
+// calendar date the longest run found is 20630, near Julian day -8.5e8. From about 1e10 days on the
+// angles are too coarse for a solar search to end by itself; but one that begins there, before day
+// 0, may still come to where they are fine enough, so that a shorter limit would change answers.
 constexpr std::int32_t kLongestSearch = 1000000;
 
 // What decides about an eclipse at one lunation.
@@ -29,8 +29,8 @@ struct EclipseGeometry {
 
 // The eclipse test at lunation k: whole for a new moon, whole + 0.5 for a full moon. Where the Moon
 // is too far from a node (|sin F| not below 0.36, not-a-number included) there is no eclipse: u is
-// 0, |gamma| 2 and jde the mean phase. Source: Meeus, Astronomical Algorithms, chapter 54, with the
-// arguments of chapter 47.
+// 0 and |gamma| 2. There, and where |gamma| leaves no eclipse of any kind, jde is the mean phase.
+// Source: Meeus, Astronomical Algorithms, chapter 54, with the arguments of chapter 47.
 EclipseGeometry ComputeEclipseGeometry(double k);
 
 // The lunation from which a search beginning at a Julian day starts: that of the first mean new

@@ -244,9 +244,17 @@ TEST(EclipseSearch, GivesUpAfterAMillionLunations) {
   // At 1e15 days nothing is left of the angles: M is 0 after reduction, and E is so large and
   // negative that u stays below zero. For the Moon just that ends the search.
   EXPECT_FALSE(FindSolarEclipse(1e15).found);
-  EXPECT_FALSE(FindSolarEclipse(-1e12).found);
   EXPECT_TRUE(FindLunarEclipse(1e15).found);
   EXPECT_TRUE(FindLunarEclipse(-1e12).found);
+}
+
+TEST(EclipseSearch, GoesOnForAMillionLunations) {
+  // Before lunation -341996354 more than 1.7 million others have no eclipse.
+  const auto day_before = [](double k) { return kMeanNewMoonOf2000 + (k - 0.5) * 29.530588853; };
+  const double eclipse = FindSolarEclipse(day_before(-341996355.0)).jde;
+  EXPECT_EQ(FindSolarEclipse(day_before(-341996354.0 - 200000.0)).jde, eclipse);
+  EXPECT_EQ(FindSolarEclipse(day_before(-341996354.0 - 999000.0)).jde, eclipse);
+  EXPECT_FALSE(FindSolarEclipse(day_before(-341996354.0 - 1001000.0)).found);
 }
 
 TEST(EclipseSearch, EndsForDaysThatHaveACalendarDate) {
