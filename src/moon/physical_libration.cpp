@@ -1,10 +1,10 @@
 #include "moon/physical_libration.h"
 
-#include <cmath>
 #include <cstddef>
 #include <iterator>
 
 #include "time/constants.h"
+#include "time/sincos.h"
 
 namespace zenithor {
 
@@ -45,13 +45,18 @@ struct LibrationArguments {
 template <std::size_t N>
 double SumTerms(const LibrationTerm (&terms)[N], const LunarArguments& lunar,
                 const LibrationArguments& own) {
+  double angles[N];
+  double cosine_sine[2 * N];
+  for (std::size_t k = 0; k < N; ++k) {
+    const LibrationTerm& term = terms[k];
+    angles[k] = term.mprime * lunar.Mprime + term.m * lunar.M + term.f * lunar.F +
+                term.d * lunar.D + term.omega * lunar.Omega + term.k1 * own.K1 + term.k2 * own.K2;
+  }
+  CosinesAndSines(angles, static_cast<int>(N), cosine_sine);
   double sum = 0.0;
-  for (const LibrationTerm& term : terms) {
-    const double argument = term.mprime * lunar.Mprime + term.m * lunar.M + term.f * lunar.F +
-                            term.d * lunar.D + term.omega * lunar.Omega + term.k1 * own.K1 +
-                            term.k2 * own.K2;
-    const double value =
-        term.function == Trigonometric::kSine ? std::sin(argument) : std::cos(argument);
+  for (std::size_t k = 0; k < N; ++k) {
+    const LibrationTerm& term = terms[k];
+    const double value = cosine_sine[2 * k + (term.function == Trigonometric::kSine ? 1 : 0)];
     sum += term.coefficient * value * (term.e_power == 1 ? lunar.E : 1.0);
   }
   return sum * kRadiansPerDegree;

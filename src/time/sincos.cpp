@@ -13,7 +13,7 @@ alignas(64) extern const CosineSine kCircleSteps[512] = {
 
 namespace {
 
-void FourCosinesAndSines(const double* angles, double* cosine_sine) {
+ZENITHOR_KERNEL void FourCosinesAndSines(const double* angles, double* cosine_sine) {
   FourInPairs x;
   LoadFour(angles, x);
   if (AreWithin(x, kLargestKernelAngle)) {

@@ -1,0 +1,98 @@
+// The kernels alone, under Google Benchmark (native only): what a series, the nutation and a block
+// of cosines and sines cost, beside the plain way.
+
+#include "ephemeris/series.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+
+#include "ephemeris/cosine_sum.h"
+#include "ephemeris/track_walk.h"
+#include "support/full_store.h"
+#include "support/plain_series.h"
+#include "time/nutation.h"
+#include "time/sincos.h"
+
+namespace zenithor {
+namespace {
+
+using testing::FullStore;
+
+constexpr int kMars = 4;
+
+void BM_MarsPlain(benchmark::State& state) {
+  double centuries = 0.0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(testing::SumSeriesPlainly(FullStore(), kMars, centuries += 1e-5));
+  }
+}
+BENCHMARK(BM_MarsPlain);
+
+void BM_MarsSse2(benchmark::State& state) {
+  double sums[kSeriesCount];
+  double millennia = 0.0;
+  for (auto _ : state) {
+    SumTracksSse2(FullStore().tracks[kMars], millennia += 1e-6, sums);
+    benchmark::DoNotOptimize(sums);
+  }
+}
+BENCHMARK(BM_MarsSse2);
+
+#ifdef __x86_64__
+void BM_MarsAvx2(benchmark::State& state) {
+  if (!__builtin_cpu_supports("avx2")) {
+    state.SkipWithError("this processor has no AVX2");
+    return;
+  }
+  double sums[kSeriesCount];
+  double millennia = 0.0;
+  for (auto _ : state) {
+    SumTracksAvx2(FullStore().tracks[kMars], millennia += 1e-6, sums);
+    benchmark::DoNotOptimize(sums);
+  }
+}
+BENCHMARK(BM_MarsAvx2);
+#endif
+
+void BM_Nutation(benchmark::State& state) {
+  double centuries = 0.0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(Nutation(centuries += 1e-5));
+  }
+}
+BENCHMARK(BM_Nutation);
+
+constexpr int kAngles = 64;
+
+void BM_64CosinesAndSinesOfTheCLibrary(benchmark::State& state) {
+  double angles[kAngles], results[2 * kAngles];
+  for (int k = 0; k < kAngles; ++k) {
+    angles[k] = 0.1 * k;
+  }
+  for (auto _ : state) {
+    for (int k = 0; k < kAngles; ++k) {
+      results[2 * k] = std::cos(angles[k]);
+      results[2 * k + 1] = std::sin(angles[k]);
+    }
+    benchmark::DoNotOptimize(results);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_64CosinesAndSinesOfTheCLibrary);
+
+void BM_64CosinesAndSines(benchmark::State& state) {
+  double angles[kAngles], results[2 * kAngles];
+  for (int k = 0; k < kAngles; ++k) {
+    angles[k] = 0.1 * k;
+  }
+  for (auto _ : state) {
+    CosinesAndSines(angles, kAngles, results);
+    benchmark::DoNotOptimize(results);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(BM_64CosinesAndSines);
+
+}  // namespace
+}  // namespace zenithor
