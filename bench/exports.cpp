@@ -53,6 +53,13 @@ EphemerisStore Plain(EphemerisStore store) {
   return store;
 }
 
+// The state of a thread that has kept nothing of a moment.
+ThreadState& NothingKept() {
+  static ThreadState state;
+  state.moment = MomentCache{};
+  return state;
+}
+
 struct Bench {
   ZenithorLibrary library;
   EphemerisStore store;
@@ -68,8 +75,7 @@ struct Bench {
   Contestant Baseline(BodyCode code) const {
     return [this, code](int call) {
       BodyPositionRecord record;
-      ThreadState nothing_kept;
-      AnswerPositionFrom(plain, nothing_kept, JulianDay(call), 10.0, 50.0, code, &record);
+      AnswerPositionFrom(plain, NothingKept(), JulianDay(call), 10.0, 50.0, code, &record);
       sink = record.RightAscension;
     };
   }
@@ -154,8 +160,8 @@ void TimeRising(const Bench& bench) {
   for (const BodyCode code : {0, 4, 5, 9, 10}) {
     const std::vector<double> times = TimeInTurn(
         {[&](int call) {
-           sink =
-               AnswerRisingFrom(bench.plain, day(call), 0.0, 0.0, -10.0, 45.0, code, ZENITHOR_RISE);
+           sink = AnswerRisingFrom(bench.plain, NothingKept(), day(call), 0.0, 0.0, -10.0, 45.0,
+                                   code, ZENITHOR_RISE);
          },
          [&](int call) {
            sink = bench.library.GEO_RISE(day(call), 0.0, 0.0, -10.0, 45.0, code, ZENITHOR_RISE);

@@ -28,9 +28,9 @@ bool IsFinite(const RisingRequest& request) {
 
 }  // namespace
 
-double AnswerRisingFrom(const EphemerisStore& store, double day_number, double minutes,
-                        double zone_hours, double longitude_west, double latitude, BodyCode code,
-                        int32_t selector) {
+double AnswerRisingFrom(const EphemerisStore& store, ThreadState& state, double day_number,
+                        double minutes, double zone_hours, double longitude_west, double latitude,
+                        BodyCode code, int32_t selector) {
   // A request that names no event or no body has no answer whatever its numbers are, so the
   // integers are looked at first.
   if (selector < ZENITHOR_RISE || selector > ZENITHOR_SET || !CanAnswer(store, code)) {
@@ -40,8 +40,9 @@ double AnswerRisingFrom(const EphemerisStore& store, double day_number, double m
   if (!IsFinite(request)) {
     return std::numeric_limits<double>::quiet_NaN();
   }
-  const RiseSetResult result = AnswerEvents(
-      code == ZENITHOR_MOON ? PoseRisingMoon(request) : PoseRisingPlanet(store, request));
+  const RiseSetResult result =
+      AnswerEvents(code == ZENITHOR_MOON ? PoseRisingMoon(request)
+                                         : PoseRisingPlanet(store, request, state.moment));
   if (selector == ZENITHOR_TRANSIT) {
     return result.Transit;
   }
@@ -50,8 +51,9 @@ double AnswerRisingFrom(const EphemerisStore& store, double day_number, double m
 
 double AnswerRising(double day_number, double minutes, double zone_hours, double longitude_west,
                     double latitude, BodyCode code, int32_t selector) {
-  return AnswerRisingFrom(ProcessStore(), day_number, minutes, zone_hours, longitude_west, latitude,
-                          code, selector);
+  CallState state;
+  return AnswerRisingFrom(ProcessStore(), state.Get(), day_number, minutes, zone_hours,
+                          longitude_west, latitude, code, selector);
 }
 
 }  // namespace zenithor

@@ -29,20 +29,20 @@ double Obliquity(BodyCode code, double centuries) {
 // Kept on purpose: no light time, nutation, aberration or parallax; 0.06 minute for the Sun,
 // 0.1 for the planets, up to latitude 50.
 Equatorial GeometricPlace(const EphemerisStore& store, BodyCode code, double centuries,
-                          double epsilon) {
+                          double epsilon, MomentCache& cache) {
   const Spherical body =
       code == ZENITHOR_SUN ? Spherical{0.0, 0.0, 0.0} : EvaluateBody(store, code, centuries);
-  const Spherical observer = EvaluateBody(store, ObserverSlot(code), centuries);
+  const Spherical observer = EvaluateObserver(store, ObserverSlot(code), centuries, cache);
   const Spherical place = GeocentricPosition(body, observer);
   return EclipticToEquatorial(place.longitude, place.latitude, epsilon);
 }
 
 // The place with light time, nutation, aberration and parallax, seen at the given instant.
 Equatorial ApparentPlace(const EphemerisStore& store, BodyCode code, const RisingDay& day,
-                         double epsilon) {
+                         double epsilon, MomentCache& cache) {
   const double t = day.centuries;
-  const NutationAngles nutation = Nutation(t);
-  const Spherical observer = EvaluateBody(store, ObserverSlot(code), t);
+  const NutationAngles nutation = EvaluateNutation(t, cache);
+  const Spherical observer = EvaluateObserver(store, ObserverSlot(code), t, cache);
   Spherical place = GeocentricPosition(EvaluateBody(store, code, t), observer);
   const double distance = place.radius;
   place = GeocentricPosition(EvaluateBody(store, code, t - distance * kLightTimePerAu), observer);
@@ -65,17 +65,18 @@ bool CanPoseRisingPlanet(const EphemerisStore& store, BodyCode code) {
   return own_slot && IsLoaded(store, ObserverSlot(code));
 }
 
-EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& request) {
+EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& request,
+                              MomentCache& cache) {
   const RisingDay day = FindRisingDay(request);
   const double epsilon = Obliquity(request.code, day.centuries);
   ThreePlaces places{};
   if (request.code < kFirstSlowBody) {
     for (std::size_t k = 0; k < places.size(); ++k) {
-      places[k] = GeometricPlace(store, request.code, PlaceCenturies(day, k), epsilon);
+      places[k] = GeometricPlace(store, request.code, PlaceCenturies(day, k), epsilon, cache);
     }
   } else {
     // Kept on purpose: one place for all three days, 1.1 minutes for Jupiter, 0.1 for Neptune.
-    places.fill(ApparentPlace(store, request.code, day, epsilon));
+    places.fill(ApparentPlace(store, request.code, day, epsilon, cache));
   }
   const double h0 = request.code == ZENITHOR_SUN ? kSunStandardAltitude : kPlanetStandardAltitude;
   return PoseEvents(day, places, h0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "rising/rising_day.h"
 
@@ -14,6 +15,7 @@ bool CanPoseRisingPlanet(const EphemerisStore& store, BodyCode code);
 // days. Jupiter to Pluto: the apparent topocentric place of the given instant for all three. The
 // Earth has no direction from itself: its places are not-a-number.
 // Source: Meeus, Astronomical Algorithms, chapters 15, 23, 33 and 40.
-EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& request);
+EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& request,
+                              MomentCache& cache);
 
 }  // namespace zenithor

@@ -71,8 +71,9 @@ class Scan {
   }
 
   static EventProblem Pose(const RisingRequest& request) {
+    MomentCache cache;
     return request.code == ZENITHOR_MOON ? PoseRisingMoon(request)
-                                         : PoseRisingPlanet(testing::FullStore(), request);
+                                         : PoseRisingPlanet(testing::FullStore(), request, cache);
   }
 
   // [rad]

@@ -14,10 +14,12 @@ namespace {
 using testing::FullStore;
 
 TEST(RisingExport, MeetsTheGoldenAnswersOfEveryBody) {
+  CallState state;
   const testing::RisingSummary summary =
-      testing::CheckGoldenRisings([](const testing::RisingCall& call) {
-        return AnswerRisingFrom(FullStore(), call.day_number, call.minutes, call.zone_hours,
-                                call.longitude_west, call.latitude, call.code, call.selector);
+      testing::CheckGoldenRisings([&state](const testing::RisingCall& call) {
+        return AnswerRisingFrom(FullStore(), state.Get(), call.day_number, call.minutes,
+                                call.zone_hours, call.longitude_west, call.latitude, call.code,
+                                call.selector);
       });
   EXPECT_GT(summary.cases, 0);
   EXPECT_EQ(summary.failures, 0) << summary.first_failure;
@@ -36,7 +38,8 @@ struct Call {
 };
 
 double Answer(const EphemerisStore& store, const Call& call) {
-  return AnswerRisingFrom(store, call.day_number, call.minutes, call.zone_hours,
+  CallState state;
+  return AnswerRisingFrom(store, state.Get(), call.day_number, call.minutes, call.zone_hours,
                           call.longitude_west, call.latitude, call.code, call.selector);
 }
 
@@ -176,6 +179,24 @@ TEST(RisingExport, TheSelectorChoosesTheEvent) {
   // before, wrapped into the same universal day.
   EXPECT_NEAR(transit - rise, 435.0, 5.0);
   EXPECT_NEAR(set + 1440.0 - transit, 435.0, 8.0);
+}
+
+// What one thread keeps of earlier calls changes no bit of an answer.
+TEST(RisingExport, AnswersTheBodiesOfOneDayAsIfEachWereAskedAlone) {
+  ThreadState kept;
+  for (int k = 0; k < 400; ++k) {
+    const double day_number = 9941.0 + (k / 40) % 3;
+    const BodyCode code = (k * 7) % 11;
+    ThreadState fresh;
+    const auto answer = [&](ThreadState& state) {
+      return AnswerRisingFrom(FullStore(), state, day_number, 0.0, 5.0, 71.0, 42.0, code,
+                              ZENITHOR_RISE + k % 3);
+    };
+    const double together = answer(kept);
+    const double alone = answer(fresh);
+    EXPECT_TRUE(together == alone || (std::isnan(together) && std::isnan(alone)))
+        << code << " on " << day_number;
+  }
 }
 
 }  // namespace

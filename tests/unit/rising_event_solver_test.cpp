@@ -19,8 +19,9 @@ namespace {
 using testing::FullStore;
 
 EventProblem Pose(const RisingRequest& request) {
+  MomentCache cache;
   return request.code == ZENITHOR_MOON ? PoseRisingMoon(request)
-                                       : PoseRisingPlanet(FullStore(), request);
+                                       : PoseRisingPlanet(FullStore(), request, cache);
 }
 
 // ---- Grazing places where the bare iteration never ends ---------------------------------------

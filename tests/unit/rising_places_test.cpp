@@ -22,7 +22,8 @@ constexpr double kDay = 23800.0;           // 2026 February 28
 constexpr double kSecond = kPi / 43200.0;  // of right ascension [rad]
 
 EventProblem Planet(BodyCode code, double minutes = 0.0, double longitude_west = 0.0) {
-  return PoseRisingPlanet(FullStore(), {kDay, minutes, 0.0, longitude_west, 45.0, code});
+  MomentCache cache;
+  return PoseRisingPlanet(FullStore(), {kDay, minutes, 0.0, longitude_west, 45.0, code}, cache);
 }
 
 RiseSetResult Times(BodyCode code) { return AnswerEvents(Planet(code)); }
