@@ -22,7 +22,7 @@ int Run(int argument_count, char** arguments) {
   program.add_option("--library", session.library_path,
                      "The library to load; else the one beside the program");
   program.require_subcommand(0, 1);
-  for (const auto add : {AddTodayCommand, AddEventsCommand, AddCheckCommand}) {
+  for (const auto add : {AddTodayCommand, AddEventsCommand, AddRiseCommand, AddCheckCommand}) {
     add(program, session);
   }
   std::vector<std::string> words(arguments + 1, arguments + argument_count);

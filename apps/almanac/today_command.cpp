@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory>
 
+#include "bodies.h"
 #include "commands.h"
 #include "moment.h"
 #include "report.h"
@@ -14,17 +15,6 @@ namespace zenithor::almanac {
 namespace {
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
-
-struct Body {
-  BodyCode code;
-  const char* name;
-};
-constexpr Body kPlanets[] = {{ZENITHOR_SUN, "Sun"},         {ZENITHOR_MERCURY, "Mercury"},
-                             {ZENITHOR_VENUS, "Venus"},     {ZENITHOR_EARTH, "Earth"},
-                             {ZENITHOR_MARS, "Mars"},       {ZENITHOR_JUPITER, "Jupiter"},
-                             {ZENITHOR_SATURN, "Saturn"},   {ZENITHOR_URANUS, "Uranus"},
-                             {ZENITHOR_NEPTUNE, "Neptune"}, {ZENITHOR_PLUTO, "Pluto"}};
-constexpr Body kMoon = {ZENITHOR_MOON, "Moon"};
 
 // A column and the field of the record that it shows.
 struct FieldColumn {
