@@ -54,17 +54,27 @@ ThreadState* MakeThreadState(DWORD slot) {
   return state;
 }
 
-void NTAPI ReleaseThreadState(void* /*module*/, DWORD reason, void* /*reserved*/) {
+// When a thread ends its set goes; when the library is unloaded (not when the process ends, which
+// leaves `reserved` set) the slot goes back to the host, who would run out after a thousand
+// reloads.
+void NTAPI ReleaseThreadState(void* /*module*/, DWORD reason, void* reserved) {
   const DWORD slot = thread_slot.load(std::memory_order_acquire);
-  if (reason == DLL_THREAD_DETACH && slot != TLS_OUT_OF_INDEXES) {
+  if (slot == TLS_OUT_OF_INDEXES) {
+    return;
+  }
+  const bool unloaded = reason == DLL_PROCESS_DETACH && reserved == nullptr;
+  if (reason == DLL_THREAD_DETACH || unloaded) {
     std::free(TlsGetValue(slot));
     TlsSetValue(slot, nullptr);
+  }
+  if (unloaded) {
+    TlsFree(slot);
   }
 }
 
 }  // namespace
 
-// The C run-time's table of routines that the system calls when a thread ends.
+// The C run-time's table of routines that the system calls when a thread ends and at detach.
 extern "C" {
 __attribute__((section(".CRT$XLY"), used)) const PIMAGE_TLS_CALLBACK zenithor_release_thread_state =
     ReleaseThreadState;
