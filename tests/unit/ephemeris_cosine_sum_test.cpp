@@ -91,7 +91,8 @@ struct Errors {
 
 // Over the years -3000 to 6000. Both walks round the argument C t, and both round the running sum,
 // which for a longitude grows to 26088 radians per millennium: the root mean squares may differ by
-// chance in the second digit of so few moments, but not by a tenth.
+// chance in the second digit of so few moments, but not by a tenth. (Over 401 moments the largest
+// excess is 0.3 percent, for the longitude of Mars; docs/performance.md.)
 TEST(FastSum, IsNoFurtherFromAQuadruplePrecisionSumThanThePlainWalk) {
   constexpr int kMoments = 16;
   for (int slot = 0; slot < kSlotCount; ++slot) {
@@ -123,9 +124,9 @@ TEST(FastSum, DiffersFromThePlainWalkByNoMoreThanIsDocumented) {
       const double centuries = -50.0 + 0.9 * k;
       const Spherical fast = SumSeries(FullStore(), slot, centuries);
       const Spherical plain = SumSeriesPlainly(FullStore(), slot, centuries);
-      EXPECT_NEAR(fast.longitude, plain.longitude, 6e-11) << slot << " " << centuries;
-      EXPECT_NEAR(fast.latitude, plain.latitude, 2e-12) << slot << " " << centuries;
-      EXPECT_NEAR(fast.radius, plain.radius, 1e-12) << slot << " " << centuries;
+      EXPECT_NEAR(fast.longitude, plain.longitude, 3e-11) << slot << " " << centuries;
+      EXPECT_NEAR(fast.latitude, plain.latitude, 1.2e-12) << slot << " " << centuries;
+      EXPECT_NEAR(fast.radius, plain.radius, 3e-13) << slot << " " << centuries;
     }
   }
 }
