@@ -12,8 +12,9 @@ namespace zenithor {
 
 constexpr double kSettledCorrection = 0.0002;  // [day], 17 s
 
-// A run that neither settles nor repeats can wander for minutes. What it would end in is no time of
-// any event: by then m has left the day by thousands of days.
+// A run that neither settles nor repeats soon can take seconds. Those of a scan that settled later
+// (one in eight within 2 000 000 steps) did so 12 days to 34 million days away from the day: no
+// time of any event was lost.
 constexpr std::int32_t kGiveUpSteps = 100000;
 
 enum class Ending { kNotRun, kSettled, kNotANumber, kRepeats, kGivenUp };
