@@ -144,13 +144,15 @@ TEST(PositionExport, AnswersTheBodiesOfOneMomentAsIfEachWereAskedAlone) {
   }
 }
 
-TEST(PositionExport, TheProcessStoreStartsEmpty) {
-  // The unit tests link the rooms, not the library, so nothing has been loaded at attach.
-  for (int slot = 0; slot < kSlotCount; ++slot) {
-    EXPECT_FALSE(IsLoaded(ProcessStore(), slot));
-  }
+// Other tests of this program fill the process's own store, so it is emptied for a moment.
+TEST(PositionExport, AnswersFromTheStoreOfTheProcess) {
+  const EphemerisStore kept = ProcessStore();
   BodyPositionRecord record = UntouchedRecord();
+  ProcessStore() = EphemerisStore{};
   EXPECT_EQ(AnswerPosition(2451545.0, 0.0, 0.0, ZENITHOR_MARS, &record), 0.0);
+  ProcessStore() = FullStore();
+  EXPECT_EQ(AnswerPosition(2451545.0, 0.0, 0.0, ZENITHOR_MARS, &record), ZENITHOR_DONE);
+  ProcessStore() = kept;
 }
 
 }  // namespace
