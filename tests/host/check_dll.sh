@@ -47,7 +47,7 @@ printf '%s\n' "$headers" | grep -Eq '^Time/Date.*(Jan +1 00:00:00 1970|00000000)
 
 strings=$("$(dirname "$objdump")/strings" -a "$dll" 2>/dev/null || strings -a "$dll")
 [ -n "$strings" ] || fail "no strings found"
-for path in "$source_dir" /home/ /root/ /tmp/; do
+for path in "$source_dir" "${HOME:-/home}/" /home/ /tmp/; do
   ! printf '%s\n' "$strings" | grep -qF "$path" || fail "the path $path is in the file"
 done
 "$objdump" -t "$dll" 2>/dev/null | grep -q 'no symbols' || fail "a symbol table is left"
