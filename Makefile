@@ -14,7 +14,7 @@
 
 SHELL := /bin/bash
 JOBS := $(shell nproc)
-ALL_PRESETS := linux win32 win32-unit win64 asan tsan fuzz
+ALL_PRESETS := linux win32 win32-unit win64 win64-unit asan tsan fuzz
 
 configure = @echo "Building $(1)" && cmake --preset $(1) > /dev/null
 build = $(call configure,$(1)) && cmake --build build/$(1) -j$(JOBS) $(if $(2),--target $(2)) -- --no-print-directory -s
