@@ -14,7 +14,7 @@ findings=$root/build/fuzz/findings
 log=$root/build/fuzz/$name.log
 mkdir -p "$found" "$findings"
 # A call that takes longer than the timeout is a finding too.
-if ! "$program" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=1024 -print_final_stats=1 \
+if ! "$program" -max_total_time="$seconds" -timeout=60 -rss_limit_mb=1024 -print_final_stats=1 \
     -artifact_prefix="$findings/$name-" "$found" "$seeds" >"$log" 2>&1; then
   echo "$name: FAILED"
   tail -n 60 "$log"
