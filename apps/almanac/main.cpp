@@ -47,7 +47,7 @@ int main(int argument_count, char** arguments) {
   try {
     return Run(argument_count, arguments);
   } catch (const std::exception& error) {
-    fmt::print(stderr, "almanac: {}\n", error.what());
+    static_cast<void>(std::fprintf(stderr, "almanac: %s\n", error.what()));
     return 1;
   }
 }

@@ -81,6 +81,7 @@ void AppendTextTable(const Table& table, std::string& text) {
   }
   for (std::size_t line = 0; line < heading_lines; ++line) {
     std::vector<std::string> words;
+    words.reserve(headings.size());
     for (const auto& heading : headings) {
       words.push_back(heading[line]);
     }

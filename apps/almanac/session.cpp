@@ -84,11 +84,11 @@ std::string Shown(const Path& path) { return path; }
 #endif
 
 Path DefaultPath() {
-  const Path name = ZENITHOR_LIBRARY_NAME;
+  Path name = ZENITHOR_LIBRARY_NAME;
   const Path program = ProgramPath();
   const std::size_t separator = program.find_last_of(kSeparators);
   if (separator != Path::npos) {
-    const Path beside = program.substr(0, separator + 1) + name;
+    Path beside = program.substr(0, separator + 1) + name;
     if (Exists(beside)) {
       return beside;
     }
@@ -101,7 +101,7 @@ Path DefaultPath() {
 const ZenithorLibrary& Session::Library() {
   if (library_.Handle == nullptr) {
     const Path path = library_path.empty() ? DefaultPath() : Native(library_path);
-    if (!ZenithorOpen(&library_, path.c_str())) {
+    if (ZenithorOpen(&library_, path.c_str()) == 0) {
       throw Failure(
           "{} cannot be loaded: {}; make dll and make native build it, --library names it",
           Shown(path), Reason());

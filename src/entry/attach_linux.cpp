@@ -19,7 +19,7 @@ char* Joined(const char* first, const char* second, const char* third) {
   const std::size_t size = std::strlen(first) + std::strlen(second) + std::strlen(third) + 1;
   auto* const text = static_cast<char*>(std::malloc(size));
   if (text != nullptr) {
-    std::snprintf(text, size, "%s%s%s", first, second, third);
+    static_cast<void>(std::snprintf(text, size, "%s%s%s", first, second, third));
   }
   return text;
 }
@@ -35,7 +35,8 @@ char* DataPath(const char* file) {
 }
 
 void WarnMissingFile() {
-  std::fprintf(stderr, "%s: %s\n", zenithor::kMissingFileCaption, zenithor::kMissingFileText);
+  static_cast<void>(
+      std::fprintf(stderr, "%s: %s\n", zenithor::kMissingFileCaption, zenithor::kMissingFileText));
 }
 
 __attribute__((constructor)) void LoadFromApplicationData() {

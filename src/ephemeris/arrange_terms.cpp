@@ -79,9 +79,11 @@ class FrequencyNumbers {
   int NumberOf(double frequency) {
     std::uint64_t bits = 0;
     std::memcpy(&bits, &frequency, sizeof bits);
-    auto slot = static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15u) >> (64 - kSlotBits));
+    auto slot = static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15U) >> (64 - kSlotBits));
     while (slots_[slot] != kFree) {
-      if (std::memcmp(&frequencies_[slots_[slot]], &frequency, sizeof frequency) == 0) {
+      std::uint64_t known = 0;
+      std::memcpy(&known, &frequencies_[slots_[slot]], sizeof known);
+      if (known == bits) {
         return slots_[slot];
       }
       slot = (slot + 1) % kSlots;
@@ -140,9 +142,10 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
   const Deal deal = DealSeries(record, term_count);
   const auto steps = static_cast<std::size_t>(deal.step_count);
 
-  auto address = reinterpret_cast<std::uintptr_t>(room);
-  address = (address + kAlignment - 1) / kAlignment * kAlignment;
-  auto* const products = reinterpret_cast<double*>(address);
+  const std::size_t off = reinterpret_cast<std::uintptr_t>(room) % kAlignment;
+  const std::size_t skipped = off == 0 ? 0 : kAlignment - off;
+  void* const start = static_cast<char*>(room) + skipped;
+  auto* const products = static_cast<double*>(start);
   auto* const frequencies = products + steps * kTrackCount * 2;
   auto* const places = reinterpret_cast<std::uint16_t*>(frequencies + MostFrequencies(term_count));
   // Where a track is shorter than the longest its sum goes on with zeros, which nobody reads.

@@ -67,7 +67,7 @@ std::FILE* OpenForReading(const char* name) {
   // A directory opens for reading here, but cannot be read.
   struct stat status {};
   if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
-    std::fclose(file);
+    static_cast<void>(std::fclose(file));
     return nullptr;
   }
   return file;

@@ -21,14 +21,11 @@ std::int32_t TotalTermCount(const BodyIndexRecord& record) {
 
 // Opens prefix + name; null when that fails.
 std::FILE* OpenJoined(const char* prefix, const char* name) {
-  const std::size_t prefix_length = std::strlen(prefix);
-  const std::size_t name_length = std::strlen(name);
-  auto* const path = static_cast<char*>(std::malloc(prefix_length + name_length + 1));
+  auto* const path = static_cast<char*>(std::malloc(std::strlen(prefix) + std::strlen(name) + 1));
   if (path == nullptr) {
     return nullptr;
   }
-  std::memcpy(path, prefix, prefix_length);
-  std::memcpy(path + prefix_length, name, name_length + 1);
+  std::strcat(std::strcpy(path, prefix), name);
   std::FILE* const file = OpenForReading(path);
   std::free(path);
   return file;
@@ -42,7 +39,7 @@ std::uint64_t Fingerprint(const BodyIndexRecord& record, const SeriesTerm* terms
     for (std::size_t k = 0; k < size; k += sizeof(std::uint64_t)) {
       std::uint64_t word = 0;
       std::memcpy(&word, static_cast<const char*>(bytes) + k, sizeof word);
-      mixed = (mixed ^ word) * 0x9E3779B97F4A7C15u;
+      mixed = (mixed ^ word) * 0x9E3779B97F4A7C15U;
       mixed ^= mixed >> 29;
     }
   };
@@ -119,8 +116,8 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   store.term_count[s] = total;
   store.fingerprint[s] = Fingerprint(record, block, total);
   store.tracks[s] = ArrangeTerms(block, total, record, static_cast<char*>(memory) + terms_size);
-  std::fclose(store.data_stream);
-  std::fclose(store.index_stream);
+  static_cast<void>(std::fclose(store.data_stream));
+  static_cast<void>(std::fclose(store.index_stream));
   store.data_stream = nullptr;
   store.index_stream = nullptr;
   return LoadStatus::kLoaded;

@@ -9,7 +9,7 @@ Spherical EvaluatePlanetSeries(double julian_day, const PlanetSeriesTable& table
                                SeriesScratch& scratch) {
   const double t = (julian_day - kJ2000) / table.time_scale;
   for (int k = 0; k < table.argument_count; ++k) {
-    const int highest = table.highest_harmonic[static_cast<std::size_t>(k)];
+    const std::int8_t highest = table.highest_harmonic[static_cast<std::size_t>(k)];
     if (highest > 0) {
       FillMultiples(PlanetMeanLongitude(k + 1, t), highest, scratch.rows[k]);
     }

@@ -26,8 +26,9 @@ double JulianDayOfYearStart(std::int32_t year) {
   const std::int64_t y = static_cast<std::int64_t>(year) - 1;
   // A = 2 makes the Gregorian correction vanish for the Julian calendar.
   const std::int64_t a = year >= 1583 ? y / 100 : 2;
+  const std::int64_t leap_centuries = a / 4;
   return IntegerPart(static_cast<double>(y) * 365.25) - static_cast<double>(a) +
-         static_cast<double>(a / 4) + 1721424.5;
+         static_cast<double>(leap_centuries) + 1721424.5;
 }
 
 CalendarInstant JulianDayToCalendar(double julian_day) {

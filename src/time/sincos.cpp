@@ -11,13 +11,12 @@ alignas(64) extern const CosineSine kCircleSteps[512] = {
 #include "time/sincos_steps.inc"
 };
 
-namespace {
-
 ZENITHOR_KERNEL void FourCosinesAndSines(const double* angles, double* cosine_sine) {
   FourInPairs x;
   LoadFour(angles, x);
   if (AreWithin(x, kLargestKernelAngle)) {
-    FourInPairs cosine, sine;
+    FourInPairs cosine;
+    FourInPairs sine;
     CosinesAndSinesOfFour(x, cosine, sine);
     StoreFour(cosine, sine, cosine_sine);
     return;
@@ -27,8 +26,6 @@ ZENITHOR_KERNEL void FourCosinesAndSines(const double* angles, double* cosine_si
     cosine_sine[2 * k + 1] = std::sin(angles[k]);
   }
 }
-
-}  // namespace
 
 void CosinesAndSines(const double* angles, int count, double* cosine_sine) {
   int done = 0;

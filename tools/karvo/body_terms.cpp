@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <fstream>
+#include <iterator>
 #include <string_view>
 
 #include "failure.h"
@@ -127,6 +128,7 @@ BodyTerms ReadBodyTerms(const std::string& path) {
 
 std::vector<BodyTerms> ReadAllBodies(const std::string& folder) {
   std::vector<BodyTerms> bodies;
+  bodies.reserve(std::size(kSourceNames));
   for (const char* name : kSourceNames) {
     bodies.push_back(ReadBodyTerms(folder + "/" + name + ".csv"));
   }

@@ -15,6 +15,7 @@ namespace {
 
 std::vector<ManifestFile> DescribeSources(const std::vector<BodyTerms>& bodies) {
   std::vector<ManifestFile> sources;
+  sources.reserve(bodies.size());
   for (const BodyTerms& body : bodies) {
     sources.push_back(
         Describe(std::filesystem::path(body.source).filename().string(), ReadBytes(body.source)));

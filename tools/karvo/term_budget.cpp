@@ -72,8 +72,8 @@ Samples Coordinate(const BodyTerms& body, int coordinate, const Samples& moments
   Samples values(moments.size(), 0.0);
   Samples contribution(moments.size());
   for (int power = 0; power < kPowerCount; ++power) {
-    for (const SeriesTerm& term :
-         body.series[static_cast<std::size_t>(coordinate * kPowerCount + power)]) {
+    for (const SeriesTerm& term : body.series[static_cast<std::size_t>(coordinate) * kPowerCount +
+                                              static_cast<std::size_t>(power)]) {
       Contribute(term, power, moments, contribution);
       for (std::size_t k = 0; k < moments.size(); ++k) {
         values[k] += contribution[k];

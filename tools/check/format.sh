@@ -1,0 +1,7 @@
+#!/bin/sh
+# Every source is as clang-format leaves it.
+set -eu
+cd "$(dirname "$0")/../.."
+# shellcheck disable=SC2046
+clang-format-14 --dry-run -Werror $(tools/check/sources.sh src include apps tools tests bench)
+echo "formatted: $(tools/check/sources.sh src include apps tools tests bench | wc -l) files"
