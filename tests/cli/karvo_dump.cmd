@@ -1,7 +1,7 @@
 # A dumped slot is the file that it came from, number by number.
 here=$PWD
 (cd "$ROOT" && $KARVO build --out "$here/data" >/dev/null)
-$KARVO dump --slot 8 data | head -n 3
+$KARVO dump --slot 8 data | sed -n 1,3p
 slot=0
 for name in vsop87b-earth vsop87d-mercury vsop87d-venus vsop87d-earth vsop87d-mars vsop87d-jupiter \
   vsop87d-saturn vsop87d-uranus vsop87d-neptune; do

@@ -23,14 +23,14 @@ cp -r good bad
 try
 echo "-- a series of 32768 terms"
 cp -r good bad
-{ head -n 1 good/vsop87d-neptune.csv; yes 'R,5,1,2,3' | head -n 32768; } >bad/vsop87d-neptune.csv
+{ sed -n 1p good/vsop87d-neptune.csv; yes 'R,5,1,2,3' | sed -n 1,32768p; } >bad/vsop87d-neptune.csv
 try
 echo "-- a last slot that starts at term 32768"
 cp -r good bad
-yes 'R,5,1,2,3' | head -n 556 >>bad/vsop87d-uranus.csv
+yes 'R,5,1,2,3' | sed -n 1,556p >>bad/vsop87d-uranus.csv
 try
 echo "-- a last slot that starts at term 32767"
 cp -r good bad
-yes 'R,5,1,2,3' | head -n 555 >>bad/vsop87d-uranus.csv
+yes 'R,5,1,2,3' | sed -n 1,555p >>bad/vsop87d-uranus.csv
 $KARVO build --source bad --out out
 $KARVO verify out
