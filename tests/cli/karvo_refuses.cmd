@@ -5,6 +5,7 @@ try() {
   test ! -e out
   rm -r bad
 }
+lines() { seq "$1" | sed 's/.*/R,5,1,2,3/'; }
 edit() { cp -r good bad; sed -i "$2" "bad/$1.csv"; try; }
 edit vsop87d-mars '17s/,[^,]*,\([^,]*\)$/,4.6x,\1/'
 edit vsop87d-mars '17s/,[^,]*$/,nan/'
@@ -23,14 +24,14 @@ cp -r good bad
 try
 echo "-- a series of 32768 terms"
 cp -r good bad
-{ sed -n 1p good/vsop87d-neptune.csv; yes 'R,5,1,2,3' | sed -n 1,32768p; } >bad/vsop87d-neptune.csv
+{ sed -n 1p good/vsop87d-neptune.csv; lines 32768; } >bad/vsop87d-neptune.csv
 try
 echo "-- a last slot that starts at term 32768"
 cp -r good bad
-yes 'R,5,1,2,3' | sed -n 1,556p >>bad/vsop87d-uranus.csv
+lines 556 >>bad/vsop87d-uranus.csv
 try
 echo "-- a last slot that starts at term 32767"
 cp -r good bad
-yes 'R,5,1,2,3' | sed -n 1,555p >>bad/vsop87d-uranus.csv
+lines 555 >>bad/vsop87d-uranus.csv
 $KARVO build --source bad --out out
 $KARVO verify out

@@ -21,4 +21,5 @@ for preset in $presets; do
   cmake --build "build/$preset" -j"$jobs" -- --no-print-directory -s
   echo "subdirs(\"$PWD/build/$preset\")" >>build/CTestTestfile.cmake
 done
-exec ctest --test-dir build -j"$jobs" --output-on-failure
+# A test that hangs is a failure with a name: none needs ten minutes that does not say so itself.
+exec ctest --test-dir build -j"$jobs" --timeout 600 --output-on-failure
