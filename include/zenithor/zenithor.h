@@ -55,8 +55,6 @@ extern "C" {
 #define ZENITHOR_INLINE static __inline
 #endif
 
-/* ---- Bodies ------------------------------------------------------------------------------- */
-
 /* BodyCode: any value outside 0 to 10 is answered by ZENITHOR as 1 (Mercury). */
 typedef int32_t BodyCode;
 enum {
@@ -72,8 +70,6 @@ enum {
   ZENITHOR_PLUTO = 9,
   ZENITHOR_MOON = 10
 };
-
-/* ---- Positions ---------------------------------------------------------------------------- */
 
 /* ZENITHOR returns this once the record is written; 0.0 says that nothing was written. */
 #define ZENITHOR_DONE 323.0
@@ -128,8 +124,6 @@ double ZENITHOR_CALL ZENITHOR(double JulianDay, double Ignored1, double Ignored2
                               double ObserverLongitude, double ObserverLatitude, double Ignored3,
                               BodyCode Body, BodyPositionRecord* Record)
     ZENITHOR_EXPORTED_AS("_ZENITHOR");
-
-/* ---- Events ------------------------------------------------------------------------------- */
 
 /* One event instant. All zero bits when the call did not fill it. */
 typedef struct EventTimeBlock {
@@ -256,8 +250,6 @@ double ZENITHOR_CALL PARTIAL_LE(double JulianDay, EventRecord* Record)
 double ZENITHOR_CALL PENUM_LE(double JulianDay, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_PENUM_LE");
 
-/* ---- Rising, transit, setting ------------------------------------------------------------- */
-
 /* Which of the three times GEO_RISE returns. */
 enum { ZENITHOR_RISE = 1, ZENITHOR_TRANSIT = 2, ZENITHOR_SET = 3 };
 
@@ -340,8 +332,6 @@ ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Hour) == 20, "Hour");
 ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Minute) == 24, "Minute");
 ZENITHOR_STATIC_ASSERT(offsetof(EventTimeBlock, Second) == 28, "Second");
 ZENITHOR_STATIC_ASSERT(sizeof(EventRecord) == 608, "EventRecord is 19 blocks of 32 bytes");
-
-/* ---- Loading at run time ------------------------------------------------------------------ */
 
 /* The types of the 21 functions. */
 typedef double(ZENITHOR_CALL* ZenithorPosition)(double JulianDay, double Ignored1, double Ignored2,

@@ -147,8 +147,6 @@ TEST(MoonPhysicalLibration, AgreesWithALongDoubleSumOverThePublishedTerms) {
   }
 }
 
-// ---- The geometry once more, with vectors ----
-
 struct Vector {
   double x, y, z;
 };

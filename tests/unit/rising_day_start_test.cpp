@@ -88,8 +88,6 @@ TEST(DayStart, StaysFiniteForAnyFiniteArgument) {
   }
 }
 
-// ---- The header's helpers ----------------------------------------------------------------------
-
 TEST(DayNumber, OfAJulianDayIsTheZoneDayThatHoldsIt) {
   EXPECT_EQ(ZenithorDayNumber(2437299.5, 0.0), 0.0);
   EXPECT_EQ(ZenithorDayNumber(2437300.4, 0.0), 0.0);
