@@ -42,7 +42,7 @@ CalendarInstant JulianDayToCalendar(double julian_day) {
     const std::int64_t alpha = Truncate((static_cast<double>(z) - 1867216.25) / 36524.25);
     a = z + 1 + alpha - alpha / 4;
   }
-  // Kept on purpose: truncation, not floors, so that the dates of days before -1401 (4716 BC March)
+  // Kept on purpose: truncation, not floors, so that the dates of days before -1401 (4717 BC March)
   // are no dates: day -2000.5 has month -4 and day -19.
   const std::int64_t b = a + 1524;
   const std::int64_t c = Truncate((static_cast<double>(b) - 122.1) / 365.25);

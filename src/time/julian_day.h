@@ -28,7 +28,7 @@ double JulianDayFromCenturies(double centuries);
 double JulianDayOfYearStart(std::int32_t year);
 
 // Splits a Julian day. Nothing is rounded: 23:59:59.9 stays in its day, with Second 59.9.
-// Before day -1401 (4716 BC March) Month and Day leave their ranges. Beyond the days that 32 bits
+// Before day -1401 (4717 BC March) Month and Day leave their ranges. Beyond the days that 32 bits
 // can count (about 5.9 million years either way) there is no calendar date: Year and Month are
 // those of the last countable day, Day, Hour, Minute and Second what is left over, the integers
 // saturated. Not-a-number gives Year -4712, Month 1, Hour and Minute 0, Day and Second
