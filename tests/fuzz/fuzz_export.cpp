@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "hash_of.h"
 #include "support/extreme_values.h"
 #include "support/linked_exports.h"
 
@@ -25,15 +26,6 @@ int FuzzedExport() {
 bool FillOnce() {
   zenithor::testing::FillProcessStore();
   return true;
-}
-
-// FNV-1a.
-std::uint32_t HashOf(const std::uint8_t* data, std::size_t size) {
-  std::uint32_t hash = 2166136261U;
-  for (std::size_t k = 0; k < size; ++k) {
-    hash = (hash ^ data[k]) * 16777619U;
-  }
-  return hash;
 }
 
 [[noreturn]] void Report(const char* what) {

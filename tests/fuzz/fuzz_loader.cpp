@@ -8,10 +8,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "ephemeris/loader.h"
 #include "ephemeris/series.h"
+#include "hash_of.h"
 
 namespace {
 
@@ -34,6 +36,17 @@ class MemoryFile {
   std::string name_;
 };
 
+// The terms that an index of 16-bit numbers asks for, first terms counted in.
+long TermsAskedFor(const std::uint8_t* index, std::size_t size) {
+  long terms = 0;
+  for (std::size_t k = 0; k + 1 < size; k += 2) {
+    std::int16_t number = 0;
+    std::memcpy(&number, index + k, sizeof number);
+    terms += number > 0 ? number : 0;
+  }
+  return terms;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -45,6 +58,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t rest = size - 2;
   const std::size_t asked = data[0] + 256U * data[1];
   const std::size_t index_size = asked < rest ? asked : rest;
+  // Hundreds of thousands of terms take a quarter of a second: of 256 such inputs one goes through.
+  if (TermsAskedFor(data + 2, index_size) > 20000 && HashOf(data, size) % 256 != 0) {
+    return 0;
+  }
   index_file.Hold(data + 2, index_size);
   data_file.Hold(data + 2 + index_size, rest - index_size);
 
