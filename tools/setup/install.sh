@@ -28,16 +28,9 @@ missing() {
   done
 }
 
-install() {
-  local log
-  log=$(mktemp)
-  if ! apt-get install -y --no-install-recommends -t bookworm "$@" >"$log" 2>&1; then
-    tail -n 5 "$log" >&2
-    rm -f "$log"
-    return 1
-  fi
-  rm -f "$log"
-}
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+install() { apt-get install -y --no-install-recommends -t bookworm "$@" >"$log" 2>&1; }
 
 lacking=$(missing $native)
 lacking_windows=$(missing $windows)
@@ -55,11 +48,15 @@ echo "Installing ${lacking}${lacking_windows}(Debian packages; a few minutes)."
 # One index of a foreign architecture may fail to load; what matters is whether the install works.
 apt-get update >/dev/null 2>&1
 if [ -n "$lacking" ] && ! install $lacking; then
+  tail -n 5 "$log" >&2
   echo "These packages could not be installed: $lacking" >&2
   exit 1
 fi
 if [ -n "$lacking_windows" ] && ! install $lacking_windows; then
   echo "Wine or the Windows compilers could not be installed: going on with the native library." >&2
-  [ -z "${ZENITHOR_CI:-}" ] || exit 1
+  if [ -n "${ZENITHOR_CI:-}" ]; then
+    tail -n 5 "$log" >&2
+    exit 1
+  fi
 fi
 exit 0
