@@ -47,7 +47,8 @@ namespace {
 double ReduceTurns(double x, double turn, double whole_turns) {
   x -= turn * whole_turns;
   if (x < 0.0) {
-    return 0.0 - SubtractTurns(-x, turn, 0.0, false);
+    // A number below 0 by less than rounding becomes a whole turn, which goes off again.
+    x = 0.0 - SubtractTurns(-x, turn, 0.0, false);
   }
   return SubtractTurns(x, turn, turn, true);
 }

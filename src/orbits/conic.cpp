@@ -32,8 +32,7 @@ OrbitAngles MoveOnEllipse(double dt, OrbitalElementRecord& record) {
       record.daily_motion == 0.0 ? kMeanMotion / (a * std::sqrt(a)) : record.daily_motion;
   const double dm = dt * n;
   const double m = ReduceRadians((record.mean_anomaly + dm) * kRadiansPerDegree);
-  const bool by_longitude = record.mean_longitude != 0.0;
-  if (by_longitude) {
+  if (record.mean_longitude != 0.0) {
     // Kept on purpose: the motion since the epoch is added to the longitude that the previous call
     // left, so a second call for the same day stands dt n degrees further on.
     record.mean_longitude = ReduceDegrees(record.mean_longitude + dm);
@@ -43,11 +42,13 @@ OrbitAngles MoveOnEllipse(double dt, OrbitalElementRecord& record) {
       ReduceRadians(2.0 * std::atan(std::sqrt((1.0 + e) / (1.0 - e)) * std::tan(eccentric / 2.0)));
   const double radius = a * (1.0 - e * e) / (1.0 + e * std::cos(v));
   // Kept on purpose: the mean anomaly at the epoch is subtracted, not that of the day, so u runs
-  // ahead of the body by the motion since the epoch, dt n degrees.
-  const double u = by_longitude ? record.mean_longitude * kRadiansPerDegree + v -
-                                      record.mean_anomaly * kRadiansPerDegree -
-                                      record.node * kRadiansPerDegree
-                                : record.argument_of_perihelion * kRadiansPerDegree + v;
+  // ahead of the body by the motion since the epoch, dt n degrees. A longitude that has just become
+  // exactly 0 counts as none.
+  const double u = record.mean_longitude == 0.0
+                       ? record.argument_of_perihelion * kRadiansPerDegree + v
+                       : record.mean_longitude * kRadiansPerDegree + v -
+                             record.mean_anomaly * kRadiansPerDegree -
+                             record.node * kRadiansPerDegree;
   return {u, radius};
 }
 

@@ -11,6 +11,14 @@ namespace zenithor {
 // Light time [day] for unit distance.
 constexpr double kLightDaysPerAu = 0.005775518330577741;
 
+// The change of right ascension, in (-pi, pi), and of declination [rad] between two directions.
+struct DirectionChange {
+  double alpha;
+  double delta;
+};
+
+DirectionChange ChangeOfDirection(const Rectangular& from, const Rectangular& to);
+
 // Light time [day] over the distance P, with the Sun's delay, where the Earth is E and the object Q
 // from the Sun [au].
 double LightTime(double p, double e, double q);

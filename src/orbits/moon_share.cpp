@@ -1,9 +1,8 @@
 #include "orbits/moon_share.h"
 
-#include <cmath>
-
 #include "orbits/mean_elements.h"
 #include "orbits/precession.h"
+#include "orbits/vectors.h"
 #include "time/constants.h"
 
 namespace zenithor {
@@ -11,7 +10,6 @@ namespace zenithor {
 namespace {
 
 constexpr double kEarthMoonMassRatio = 81.300585;
-constexpr double kArcsecondsPerTurn = 1296000.0;
 
 SeriesSums SumLunarSeries(const PlanetSeriesTable& table, double julian_day,
                           SeriesScratch& scratch) {
@@ -57,8 +55,8 @@ double RemoveMoonFromBarycentre(double julian_day, SeriesScratch& scratch,
   Rectangular moon = GeocentricMoon(julian_day, scratch, obliquity);
   PrecessVector(julian_day, PrecessionDirection::kToJ2000, obliquity, moon);
   const double f = 1.0 / (kEarthMoonMassRatio + 1.0);
-  vector = {vector.x - f * moon.x, vector.y - f * moon.y, vector.z - f * moon.z};
-  return std::sqrt(vector.x * vector.x + vector.y * vector.y + vector.z * vector.z);
+  vector = vector - f * moon;
+  return Length(vector);
 }
 
 }  // namespace zenithor

@@ -43,15 +43,10 @@ void SetUp(double julian_day, double observer_longitude, double observer_latitud
 // Keeps the change of right ascension and declination from p by dp; delivers nothing.
 void DisplayCorrection(const char* label, const Rectangular& p, const Rectangular& dp,
                        CorrectionDisplay& display) {
-  const Rectangular after = p + dp;
+  const DirectionChange change = ChangeOfDirection(p, p + dp);
   display.label = label;
-  display.dalpha = FullCircleArctan(after.x, after.y) - FullCircleArctan(p.x, p.y);
-  if (display.dalpha < -kPi) {
-    display.dalpha += kTwoPi;
-  } else if (display.dalpha > kPi) {
-    display.dalpha -= kTwoPi;
-  }
-  display.ddelta = std::asin(after.z / Length(after)) - std::asin(p.z / Length(p));
+  display.dalpha = change.alpha;
+  display.ddelta = change.delta;
 }
 
 // From the mean to the true equator and equinox.
@@ -70,23 +65,26 @@ Rectangular Nutate(const Rectangular& p, const NutationAngles& nutation,
           sp * set * p.x + ((cp - 1.0) * set * ce + sde) * p.y + (cp * se * set + ce * cet) * p.z};
 }
 
+// Of a vector of date whose length before any rotation was `radius`.
+Spherical EclipticPlace(double julian_day, const Rectangular& vector_of_date, double radius,
+                        ObliquityCache& obliquity) {
+  CachedObliquity(julian_day, obliquity);
+  const Rectangular v = EquatorToEcliptic(vector_of_date, obliquity);
+  return {FullCircleArctan(v.x, v.y), std::asin(v.z / radius), radius};
+}
+
 }  // namespace
 
 Spherical EclipticPlaceOfDate(double julian_day, const Rectangular& vector_of_date,
                               ObliquityCache& obliquity) {
-  const double r = Length(vector_of_date);
-  CachedObliquity(julian_day, obliquity);
-  const Rectangular v = EquatorToEcliptic(vector_of_date, obliquity);
-  return {FullCircleArctan(v.x, v.y), std::asin(v.z / r), r};
+  return EclipticPlace(julian_day, vector_of_date, Length(vector_of_date), obliquity);
 }
 
 Spherical EclipticPlaceFromJ2000(double julian_day, const Rectangular& vector,
                                  ObliquityCache& obliquity) {
   Rectangular v = vector;
   PrecessVector(julian_day, PrecessionDirection::kFromJ2000, obliquity, v);
-  Spherical place = EclipticPlaceOfDate(julian_day, v, obliquity);
-  place.radius = Length(vector);
-  return place;
+  return EclipticPlace(julian_day, v, Length(vector), obliquity);
 }
 
 void ComputePlutoPosition(double julian_day, double observer_longitude, double observer_latitude,

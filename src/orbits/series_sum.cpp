@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "time/constants.h"
+
 namespace zenithor {
 
 namespace {
-
-constexpr double kArcsecondsPerTurn = 1296000.0;
 
 // One coordinate of a periodic term by Horner's rule in T; moves `coefficients` past the term.
 double PeriodicTerm(const double*& coefficients, int power, double t, const AngleSum& angle) {

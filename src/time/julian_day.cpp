@@ -9,7 +9,6 @@ namespace zenithor {
 
 namespace {
 
-constexpr long double kCenturiesPerDay = 1.0L / 36525.0L;
 constexpr std::int64_t kGregorianStart = 2299161;  // 1582 October 15
 
 std::int64_t Truncate(double x) { return static_cast<std::int64_t>(x); }

@@ -18,8 +18,6 @@ constexpr double kOrbitObliquity[] = {84381.406173, -468.3396,  -0.0175,   1.998
                                       -0.005138,    -0.0024967, -3.905e-5, 7.12e-7,
                                       2.787e-7,     5.79e-9,    2.45e-10};
 
-constexpr long double kCenturiesPerDay = 1.0L / 36525.0L;
-
 }  // namespace
 
 double MeanObliquity(double centuries) {

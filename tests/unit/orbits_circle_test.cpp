@@ -91,14 +91,22 @@ TEST(SubtractTurns, IsThePlainLoopWhereEverySubtractionRounds) {
   }
 }
 
+TEST(ReduceAngles, BelowZeroByLessThanRoundingIsZero) {
+  EXPECT_EQ(ReduceDegrees(-1e-20), 0.0);
+  EXPECT_EQ(ReduceDegrees(-2e-14), 0.0);
+  EXPECT_LT(ReduceDegrees(-6e-14), 360.0);
+  EXPECT_GT(ReduceDegrees(-6e-14), 359.9);
+  EXPECT_EQ(ReduceRadians(-5e-324), 0.0);
+}
+
 TEST(ReduceAngles, EndForEveryNumber) {
   double x = 1e-300;
   for (int k = 0; k < 3000; ++k, x *= 1.6) {
     for (const double signed_x : {x, -x}) {
       const double degrees = ReduceDegrees(signed_x);
-      EXPECT_TRUE(std::isnan(degrees) || (degrees >= 0.0 && degrees <= 360.0)) << signed_x;
+      EXPECT_TRUE(std::isnan(degrees) || (degrees >= 0.0 && degrees < 360.0)) << signed_x;
       const double radians = ReduceRadians(signed_x);
-      EXPECT_TRUE(std::isnan(radians) || (radians >= 0.0 && radians <= kTwoPi)) << signed_x;
+      EXPECT_TRUE(std::isnan(radians) || (radians >= 0.0 && radians < kTwoPi)) << signed_x;
     }
   }
   EXPECT_TRUE(std::isnan(ReduceDegrees(kNan)));

@@ -121,6 +121,17 @@ TEST(MoveOnConic, KeptOnPurposeTheMeanLongitudeAccumulates) {
   EXPECT_NEAR(ReduceRadians(second - first) * kDegreesPerRadian, 50.0, 1e-12);
 }
 
+TEST(MoveOnConic, AMeanLongitudeThatBecomesZeroCountsAsNone) {
+  OrbitalElementRecord record = Conic(1.0, 0.0);
+  record.daily_motion = 0.5;
+  record.argument_of_perihelion = 10.0;
+  record.node = 30.0;
+  record.mean_longitude = 300.0;
+  const double u = MoveOnConic(120.0, record).u * kDegreesPerRadian;
+  EXPECT_EQ(record.mean_longitude, 0.0);
+  EXPECT_NEAR(u, 10.0 + 60.0, 1e-12);
+}
+
 TEST(MoveOnConic, KeptOnPurposeTheMeanAnomalyAtTheEpochIsSubtracted) {
   // Circular, so the true anomaly is the mean anomaly: u is L + (M0 + dt n) - M0 - Omega, and ahead
   // of the argument of latitude L - Omega by the motion since the epoch.
