@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include "moon/lunar_arguments.h"
 #include "time/angles.h"
@@ -91,40 +92,68 @@ static_assert(PowersFollowTheSunsAnomaly(kLongitudeTerms) &&
                   PowersFollowTheSunsAnomaly(kDistanceTerms),
               "E goes with the first multiple of M, its square with the second");
 
+// The tables are read by the compiler alone: each term becomes a line of its own with its
+// multipliers and its coefficient as constants, and what is multiplied by 0 is left out.
+template <const auto& terms, std::size_t row>
+double Argument(const LunarSeriesState& state) {
+  constexpr LunarTerm term = terms[row];
+  double argument = 0.0;
+  if constexpr (term.d != 0.0) {
+    argument += term.d * state.D;
+  }
+  if constexpr (term.m != 0.0) {
+    argument += term.m * state.M;
+  }
+  if constexpr (term.mprime != 0.0) {
+    argument += term.mprime * state.Mprime;
+  }
+  if constexpr (term.f != 0.0) {
+    argument += term.f * state.F;
+  }
+  return argument;
+}
+
+template <const auto& terms, std::size_t row>
+double Term(double sine_or_cosine, const LunarSeriesState& state) {
+  constexpr LunarTerm term = terms[row];
+  if constexpr (term.e_power == 0) {
+    return term.coefficient * sine_or_cosine;
+  }
+  return term.coefficient * sine_or_cosine * (term.e_power == 1 ? state.E : state.E_squared);
+}
+
 enum class Function : std::size_t { kCosine = 0, kSine = 1 };
 
-// The sum over one table, in its order.
-template <std::size_t N>
-double SumTerms(const LunarTerm (&terms)[N], const LunarSeriesState& state, Function function) {
-  double arguments[N];
-  double cosine_sine[2 * N];
-  for (std::size_t k = 0; k < N; ++k) {
-    const LunarTerm& term = terms[k];
-    arguments[k] =
-        term.d * state.D + term.m * state.M + term.mprime * state.Mprime + term.f * state.F;
-  }
-  CosinesAndSines(arguments, static_cast<int>(N), cosine_sine);
+// The sum of the rows of one table, in its order.
+template <const auto& terms, std::size_t... rows>
+double SumRows(const LunarSeriesState& state, Function function,
+               std::index_sequence<rows...> /*all*/) {
+  const double arguments[] = {Argument<terms, rows>(state)...};
+  double cosine_sine[2 * sizeof...(rows)];
+  CosinesAndSines(arguments, static_cast<int>(sizeof...(rows)), cosine_sine);
   const double* const values = cosine_sine + static_cast<std::size_t>(function);
-  const double eccentricity[] = {1.0, state.E, state.E_squared};
   double sum = 0.0;
-  for (std::size_t k = 0; k < N; ++k) {
-    sum += terms[k].coefficient * values[2 * k] * eccentricity[terms[k].e_power];
-  }
+  ((sum += Term<terms, rows>(values[2 * rows], state)), ...);
   return sum;
+}
+
+template <const auto& terms>
+double SumTerms(const LunarSeriesState& state, Function function) {
+  return SumRows<terms>(state, function, std::make_index_sequence<std::size(terms)>());
 }
 
 }  // namespace
 
 double SumLunarLongitudeTerms(const LunarSeriesState& state) {
-  return SumTerms(kLongitudeTerms, state, Function::kSine);
+  return SumTerms<kLongitudeTerms>(state, Function::kSine);
 }
 
 double SumLunarLatitudeTerms(const LunarSeriesState& state) {
-  return SumTerms(kLatitudeTerms, state, Function::kSine);
+  return SumTerms<kLatitudeTerms>(state, Function::kSine);
 }
 
 double SumLunarDistanceTerms(const LunarSeriesState& state) {
-  return SumTerms(kDistanceTerms, state, Function::kCosine);
+  return SumTerms<kDistanceTerms>(state, Function::kCosine);
 }
 
 double LiftAboveZero(double angle) {
