@@ -16,10 +16,6 @@ namespace {
 
 constexpr double kLunationsPerDay = 0.0338631919931529;  // 1 / 29.530588853
 
-// |gamma| [Earth radii] beyond which, for u = 0, neither the Sun nor the Moon is eclipsed in any
-// way.
-constexpr double kWidestPenumbra = 1.5573;
-
 // The angles that the series are made of [rad], and the eccentricity factor.
 struct EclipseAngles {
   double m, mprime, f1, a1, omega;
@@ -85,11 +81,11 @@ double SumCosines(const EclipseTerm (&terms)[count], const EclipseAngles& angles
 EclipseGeometry ComputeEclipseGeometry(double k) {
   const double mean_jde = MeanPhase(k, k * kCenturiesPerLunation);
   const double centuries = JulianCenturies(mean_jde);
-  // Kept on purpose: the arguments of the lunar series with their signs instead of those of the
-  // mean phase: up to 0.9 s and 0.00006 in gamma within 1000 years of 2000, 232 s and 0.004 in 2000
-  // BC.
+  // Kept on purpose: the arguments of the lunar series with their signs, where the book has those
+  // of the mean phase: up to 3.2 s and 0.00044 in gamma within 1000 years of 2000, 84 s and 0.029
+  // about 2000 BC. The signs alone make 0.9 s and 0.00006, 244 s and 0.004.
   const LunarArguments lunar = ComputeLunarArguments(centuries);
-  if (!(std::fabs(std::sin(lunar.F)) < 0.36)) {
+  if (!IsNearNode(std::sin(lunar.F))) {
     return {mean_jde, 0.0, 2.0, lunar.Mprime};
   }
 
@@ -105,7 +101,7 @@ EclipseGeometry ComputeEclipseGeometry(double k) {
   const double u = SumCosines(kUTerms, angles);
 
   // No search stops here, so nobody reads the instant.
-  if (abs_gamma > kWidestPenumbra + std::fabs(u)) {
+  if (abs_gamma > kPenumbralLimit + std::fabs(u)) {
     return {mean_jde, u, abs_gamma, lunar.Mprime};
   }
   return {mean_jde + SumSines(kInstantTerms, angles), u, abs_gamma, lunar.Mprime};

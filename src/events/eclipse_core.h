@@ -19,6 +19,14 @@ constexpr std::int32_t kPenumbralEclipse = 7;
 // 0, may still come to where they are fine enough, so that a shorter limit would change answers.
 constexpr std::int32_t kLongestSearch = 1000000;
 
+// |gamma| [Earth radii] at which a penumbral eclipse of the Moon begins, for u = 0: farther out
+// neither the Sun nor the Moon is eclipsed in any way.
+constexpr double kPenumbralLimit = 1.5573;
+
+// Whether the Moon is near enough to a node of its orbit for an eclipse, by the sine of its
+// argument of latitude; not so for not-a-number.
+inline bool IsNearNode(double sin_f) { return sin_f < 0.36 && sin_f > -0.36; }
+
 // What decides about an eclipse at one lunation.
 struct EclipseGeometry {
   double jde;        // Julian Ephemeris Day of greatest eclipse
@@ -28,7 +36,7 @@ struct EclipseGeometry {
 };
 
 // The eclipse test at lunation k: whole for a new moon, whole + 0.5 for a full moon. Where the Moon
-// is too far from a node (|sin F| not below 0.36, not-a-number included) there is no eclipse: u is
+// is not near a node there is no eclipse: u is
 // 0 and |gamma| 2. There, and where |gamma| leaves no eclipse of any kind, jde is the mean phase.
 // Source: Meeus, Astronomical Algorithms, chapter 54, with the arguments of chapter 47.
 EclipseGeometry ComputeEclipseGeometry(double k);

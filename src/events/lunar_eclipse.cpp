@@ -9,8 +9,7 @@ namespace zenithor {
 
 namespace {
 
-// |gamma| [Earth radii] at which the phases begin, for u = 0.
-constexpr double kPenumbralLimit = 1.5573;
+// |gamma| [Earth radii] at which the phases in the umbra begin, for u = 0.
 constexpr double kUmbralLimit = 1.0128;
 constexpr double kTotalityLimit = 0.4678;
 constexpr double kMagnitudePerRadius = 1.8348623853211008;  // 1 / 0.545

@@ -12,7 +12,9 @@ namespace {
 constexpr double kCentralLimit = 0.9972;
 constexpr double kPartialLimit = 1.5433;
 
-std::int32_t Classify(double u, double abs_gamma) {
+}  // namespace
+
+std::int32_t ClassifySolarEclipse(double u, double abs_gamma) {
   if (abs_gamma < kCentralLimit) {
     if (u < 0.0) {
       return kTotalEclipse;
@@ -28,8 +30,6 @@ std::int32_t Classify(double u, double abs_gamma) {
   return u <= 0.0047 ? kNonCentralTotalEclipse : kNonCentralAnnularEclipse;
 }
 
-}  // namespace
-
 SolarEclipse FindSolarEclipse(double julian_day) {
   double k = FirstLunationAfter(julian_day);
   if (!CanCountFrom(k)) {
@@ -38,7 +38,7 @@ SolarEclipse FindSolarEclipse(double julian_day) {
   for (std::int32_t lunation = 0; lunation < kLongestSearch; ++lunation, k += 1.0) {
     const EclipseGeometry at = ComputeEclipseGeometry(k);
     if (at.abs_gamma <= kPartialLimit + at.u) {
-      const std::int32_t kind = Classify(at.u, at.abs_gamma);
+      const std::int32_t kind = ClassifySolarEclipse(at.u, at.abs_gamma);
       const double magnitude = kind == kPartialEclipse
                                    ? (kPartialLimit + at.u - at.abs_gamma) / (0.5461 + 2.0 * at.u)
                                    : 0.0;

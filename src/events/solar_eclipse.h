@@ -11,6 +11,10 @@ struct SolarEclipse {
   double magnitude;   // of a partial eclipse; otherwise 0
 };
 
+// The kind of a solar eclipse whose shadow has the radius u and passes the Earth's centre at
+// |gamma| [Earth radii], |gamma| being small enough for one.
+std::int32_t ClassifySolarEclipse(double u, double abs_gamma);
+
 // The first solar eclipse at a mean new moon more than 0.03 lunation after a Julian day. Gives up
 // at once when lunations cannot be counted from there, and after kLongestSearch lunations.
 // Source: Meeus, Astronomical Algorithms, chapter 54.

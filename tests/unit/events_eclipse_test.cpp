@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "events/eclipse_core.h"
 #include "events/lunar_eclipse.h"
@@ -152,23 +154,184 @@ TEST(EclipseCore, KeptOnPurposeFullMoonsAreCorrectedLikeNewMoons) {
   EXPECT_NEAR(ComputeEclipseGeometry(-28.5).jde + difference, 2450708.2835, 0.0001);
 }
 
+// Where the arguments of an eclipse may come from.
+enum class ArgumentSource {
+  kLibrary,       // the lunar series, with the library's signs
+  kLunarTheory,   // the lunar series, with the published signs
+  kBooksEclipses  // the mean phase, as the book's chapter on eclipses has them
+};
+
+struct NaiveArguments {
+  long double m, mprime, f, omega, e;
+};
+
+constexpr long double kDegree = 3.14159265358979323846264338327950288L / 180.0L;
+
+NaiveArguments ArgumentsFrom(ArgumentSource source, long double k, long double centuries) {
+  const LunarArguments lunar = ComputeLunarArguments(static_cast<double>(centuries));
+  NaiveArguments arguments{lunar.M, lunar.Mprime, lunar.F, lunar.Omega, lunar.E};
+  const long double t = centuries;
+  if (source == ArgumentSource::kLunarTheory) {
+    arguments.mprime -= 2.0L * 6.79717e-8L * t * t * t * t * kDegree;
+    arguments.f -= 2.0L * 2.836075e-7L * t * t * t * kDegree;
+    arguments.omega -= 2.0L * 1.64973e-8L * t * t * t * t * kDegree;
+  } else if (source == ArgumentSource::kBooksEclipses) {
+    const long double tk = k / 1236.85L;
+    long double* const angles[] = {&arguments.m, &arguments.mprime, &arguments.f, &arguments.omega};
+    const std::vector<std::string> lines = testing::LinesOf("data/events/phase-elements.csv");
+    for (std::size_t row = 0; row < 4; ++row) {
+      const std::vector<std::string> r = testing::Split(lines.at(row + 2), ',');
+      *angles[row] =
+          kDegree *
+          (std::stold(r.at(1)) + std::stold(r.at(2)) * k +
+           tk * tk * (std::stold(r.at(3)) + tk * (std::stold(r.at(4)) + tk * std::stold(r.at(5)))));
+    }
+    arguments.e = 1.0L - 0.002516L * tk - 0.0000074L * tk * tk;
+  }
+  return arguments;
+}
+
+// The eclipse test once more, straight from data/events in extended precision.
+struct NaiveEclipse {
+  long double jde, gamma, u;
+};
+
+NaiveEclipse NaiveGeometry(double k, ArgumentSource source) {
+  struct Row {
+    std::string series;
+    bool sine;
+    long double numbers[7];  // coefficient; multipliers of M, M', F1, A1, Omega; power of E
+  };
+  static const std::vector<Row> rows = [] {
+    std::vector<Row> all;
+    const std::vector<std::string> lines = testing::LinesOf("data/events/eclipse-series.csv");
+    for (std::size_t line = 1; line < lines.size(); ++line) {
+      const std::vector<std::string> words = testing::Split(lines[line], ',');
+      Row row{words.at(0), words.at(1) == "sin", {}};
+      for (std::size_t n = 0; n < 7; ++n) {
+        row.numbers[n] = std::stold(words.at(n + 2));
+      }
+      all.push_back(row);
+    }
+    return all;
+  }();
+  const double mean = MeanPhase(k, k * kCenturiesPerLunation);
+  const long double t = JulianCenturies(mean);
+  const NaiveArguments at = ArgumentsFrom(source, k, t);
+  const long double f1 = at.f - 0.02665L * kDegree * std::sin(at.omega);
+  const long double a1 = (299.77L + 0.107408L * k - 0.009173L * t * t) * kDegree;
+  const auto sum = [&](const char* series) {
+    long double total = 0.0L;
+    for (const Row& row : rows) {
+      if (row.series == series) {
+        const long double* const n = row.numbers;
+        const long double argument =
+            n[1] * at.m + n[2] * at.mprime + n[3] * f1 + n[4] * a1 + n[5] * at.omega;
+        total += n[0] * std::pow(at.e, n[6]) * (row.sine ? std::sin(argument) : std::cos(argument));
+      }
+    }
+    return total;
+  };
+  const long double gamma = (sum("p") * std::cos(f1) + sum("q") * std::sin(f1)) *
+                            (1.0L - 0.0048L * std::fabs(std::cos(f1)));
+  return {mean + sum("instant"), std::fabs(gamma), sum("u")};
+}
+
+// The farthest that the library's eclipses lie from those with other arguments.
+struct Farthest {
+  double seconds = 0.0;
+  double gamma = 0.0;
+};
+
+Farthest FarthestFrom(ArgumentSource source, double first, double last) {
+  Farthest farthest;
+  for (double k = first; k <= last; k += 0.5) {
+    const EclipseGeometry here = ComputeEclipseGeometry(k);
+    if (here.abs_gamma < kPenumbralLimit) {
+      const NaiveEclipse other = NaiveGeometry(k, source);
+      farthest.seconds = std::fmax(farthest.seconds,
+                                   86400.0 * std::fabs(static_cast<double>(here.jde - other.jde)));
+      farthest.gamma =
+          std::fmax(farthest.gamma, std::fabs(static_cast<double>(here.abs_gamma - other.gamma)));
+    }
+  }
+  return farthest;
+}
+
+TEST(EclipseCore, MeetsASecondEvaluation) {
+  for (const double k : {-49000.5, -20000.0, -328.5, -82.0, -28.5, 118.0, 3000.5, 24000.0}) {
+    for (double near = k; near < k + 7.0; near += 1.0) {
+      const EclipseGeometry here = ComputeEclipseGeometry(near);
+      if (here.abs_gamma < kPenumbralLimit) {
+        const NaiveEclipse naive = NaiveGeometry(near, ArgumentSource::kLibrary);
+        EXPECT_NEAR(here.jde, static_cast<double>(naive.jde), 2e-9) << near;
+        EXPECT_NEAR(here.abs_gamma, static_cast<double>(naive.gamma), 1e-8) << near;
+        EXPECT_NEAR(here.u, static_cast<double>(naive.u), 1e-10) << near;
+      }
+    }
+  }
+}
+
 TEST(EclipseCore, KeptOnPurposeTheArgumentsAreThoseOfTheLunarSeries) {
-  // Their cubic of F and quartic of M' have the other sign than the book's. In 2000 BC, T = -40, M'
-  // is 2 x 6.79717e-8 T^4 = 0.348 degree ahead of the book's and F 2 x 2.836075e-7 T^3 = 0.036
-  // degree behind: the instant moves by at most 0.4075 x 0.348 degree = 214 s for that alone.
-  const double centuries = -40.0;
-  const LunarArguments lunar = ComputeLunarArguments(centuries);
-  const auto book = [&](double c0, double c1, double c2, double c3, double c4) {
-    return c0 + centuries * (c1 + centuries * (c2 + centuries * (c3 + centuries * c4)));
+  // Lunations of the years 1000 to 3000, and fifty years either side of -2000.
+  const Farthest book = FarthestFrom(ArgumentSource::kBooksEclipses, -12368.0, 12368.0);
+  EXPECT_NEAR(book.seconds, 3.24, 0.05);
+  EXPECT_NEAR(book.gamma, 0.00044, 0.00001);
+  const Farthest book_long_ago = FarthestFrom(ArgumentSource::kBooksEclipses, -50093.0, -48857.0);
+  EXPECT_NEAR(book_long_ago.seconds, 83.7, 0.5);
+  EXPECT_NEAR(book_long_ago.gamma, 0.0290, 0.0003);
+  // Of which the signs alone make:
+  const Farthest signs = FarthestFrom(ArgumentSource::kLunarTheory, -12368.0, 12368.0);
+  EXPECT_NEAR(signs.seconds, 0.90, 0.02);
+  EXPECT_NEAR(signs.gamma, 0.000056, 0.000002);
+  const Farthest signs_long_ago = FarthestFrom(ArgumentSource::kLunarTheory, -50093.0, -48857.0);
+  EXPECT_NEAR(signs_long_ago.seconds, 243.7, 0.5);
+  EXPECT_NEAR(signs_long_ago.gamma, 0.0038, 0.0003);
+}
+
+TEST(EclipseCore, ASineOfExactly036IsTooFarFromANode) {
+  for (const double sign : {1.0, -1.0}) {
+    EXPECT_FALSE(IsNearNode(sign * 0.36));
+    EXPECT_TRUE(IsNearNode(sign * std::nextafter(0.36, 0.0)));
+    EXPECT_FALSE(IsNearNode(sign * std::nextafter(0.36, 1.0)));
+  }
+  EXPECT_TRUE(IsNearNode(0.0));
+  EXPECT_FALSE(IsNearNode(std::numeric_limits<double>::quiet_NaN()));
+}
+
+TEST(SolarEclipse, KindsAtTheirLimits) {
+  struct Row {
+    double u;
+    double abs_gamma;
+    std::int32_t kind;
   };
-  const double degree = 0.017453292519943295;
-  const double mprime = book(134.9634114, 477198.8676313, 0.008997, 1.434741e-5, -6.79717e-8);
-  const double f = book(93.2720993, 483202.0175273, -0.0034029, -2.836075e-7, 1.15833e-9);
-  const auto apart = [degree](double angle, double degrees) {
-    return std::remainder(angle - degrees * degree, 2.0 * 3.141592653589793) / degree;
-  };
-  EXPECT_NEAR(apart(lunar.Mprime, mprime), 0.348, 0.001);
-  EXPECT_NEAR(apart(lunar.F, f), -0.0363, 0.0001);
+  const auto above = [](double x) { return std::nextafter(x, 2.0); };
+  const auto below = [](double x) { return std::nextafter(x, -2.0); };
+  const double central = 0.9972;
+  // With u = 0.004 the shadow's cone ends at the surface where 0.00464 sqrt(1 - gamma^2) is 0.004.
+  const double hybrid_end = std::sqrt(1.0 - (0.004 / 0.00464) * (0.004 / 0.00464));
+  for (const Row& row : {
+           Row{-0.0001, 0.0, kTotalEclipse},
+           Row{0.0, 0.0, kAnnularTotalEclipse},
+           Row{-0.0, 0.0, kAnnularTotalEclipse},
+           Row{below(0.00464), 0.0, kAnnularTotalEclipse},
+           Row{0.00464, 0.0, kAnnularEclipse},
+           Row{0.0047, 0.0, kAnnularEclipse},
+           Row{0.004, hybrid_end - 1e-9, kAnnularTotalEclipse},
+           Row{0.004, hybrid_end + 1e-9, kAnnularEclipse},
+           Row{-0.01, below(central), kTotalEclipse},
+           Row{-0.01, central, kNonCentralTotalEclipse},
+           Row{0.0047, central, kNonCentralTotalEclipse},
+           Row{above(0.0047), central, kNonCentralAnnularEclipse},
+           Row{0.01, below(central + 0.01), kNonCentralAnnularEclipse},
+           Row{0.01, central + 0.01, kPartialEclipse},
+           Row{-0.01, central + 0.01, kPartialEclipse},
+           Row{0.0, central, kPartialEclipse},
+           Row{0.02, 1.5, kPartialEclipse},
+       }) {
+    EXPECT_EQ(ClassifySolarEclipse(row.u, row.abs_gamma), row.kind)
+        << row.u << " " << row.abs_gamma;
+  }
 }
 
 TEST(SolarEclipse, KeptOnPurposeANonCentralEclipseIsTotalUpToU00047) {

@@ -103,15 +103,15 @@ long double NaivePhase(double lunation, std::int32_t phase, const PutBack& book)
   return jde;
 }
 
-// Farthest that putting the book's coefficients back moves a phase, in seconds, over lunations of
-// which every step-th is taken.
+// Farthest that the library's phases lie from those with the book's coefficients put back, in
+// seconds, over lunations of which every step-th is taken. Good to 0.0001 s.
 double FarthestSeconds(std::int32_t phase, const PutBack& book, double first, double last,
                        double step) {
   double farthest = 0.0;
   for (double k = first; k <= last; k += step) {
     const double here = k + 0.25 * static_cast<double>(phase);
     const auto moved =
-        static_cast<double>(NaivePhase(here, phase, {}) - NaivePhase(here, phase, book));
+        static_cast<double>(InstantOfLunation(k, phase) - NaivePhase(here, phase, book));
     farthest = std::fmax(farthest, std::fabs(moved));
   }
   return farthest * 86400.0;
@@ -176,14 +176,14 @@ TEST(PhaseInstant, KeptOnPurposeTheCubicOfTheMeanPhaseIsPositive) {
   EXPECT_NEAR(cubic(-40.0), -0.00000015 * 64000.0, 1e-8);
   PutBack book;
   book.cubic_of_mean_phase = true;
-  EXPECT_NEAR(FarthestSeconds(kNewMoon, book, -12368.5, -12368.5, 1.0), 25.9, 0.1);  // year 1000
+  EXPECT_NEAR(FarthestSeconds(kNewMoon, book, -12368.0, -12368.0, 1.0), 25.9, 0.1);  // year 1000
 }
 
 TEST(PhaseInstant, KeptOnPurposeTheFullMoonsCoefficientOfThreeAnomaliesIsPositive) {
   PutBack book;
   book.full_moon_row_11 = true;
   EXPECT_NEAR(FarthestSeconds(kFullMoon, book, -1237.0, 1237.0, 1.0), 72.6, 0.1);
-  EXPECT_EQ(FarthestSeconds(kNewMoon, book, -100.0, 100.0, 10.0), 0.0);
+  EXPECT_LT(FarthestSeconds(kNewMoon, book, -100.0, 100.0, 10.0), 0.0002);
 }
 
 TEST(PhaseInstant, KeptOnPurposeRows15And21HaveOtherPowersOfTheEccentricity) {
