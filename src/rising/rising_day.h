@@ -29,6 +29,7 @@ struct RisingDay {
   double latitude;         // [rad]
 };
 
+constexpr double kHorizonRefraction = 0.009890780871051864;  // [rad] 0.5667 degree
 constexpr double kCenturiesPerSecond = 3.168808781402895e-10;
 constexpr double kOneDay = 0.000027378507871321012;  // [Julian centuries]
 

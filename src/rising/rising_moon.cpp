@@ -11,7 +11,6 @@ namespace zenithor {
 namespace {
 
 constexpr double kEarthRadiusKm = 6378.14;
-constexpr double kRefraction = 0.009890780871051864;  // [rad] 0.5667 degree
 
 }  // namespace
 
@@ -28,7 +27,7 @@ EventProblem PoseRisingMoon(const RisingRequest& request) {
   // 50.
   const double distance_km = ComputeLunarPosition(day.centuries).distance_km;
   const double parallax = std::asin(kEarthRadiusKm / distance_km);
-  return PoseEvents(day, places, 0.7275 * parallax - kRefraction);
+  return PoseEvents(day, places, 0.7275 * parallax - kHorizonRefraction);
 }
 
 }  // namespace zenithor

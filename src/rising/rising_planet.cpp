@@ -13,9 +13,9 @@ namespace zenithor {
 
 namespace {
 
-constexpr double kSunStandardAltitude = -0.014543828656868749;     // [rad] -0.8333 degree
-constexpr double kPlanetStandardAltitude = -0.009890780871051864;  // [rad] -0.5667 degree
-constexpr double kParallaxAtOneAu = 0.0000426345151167726;         // [rad] 8.794"
+constexpr double kSunStandardAltitude = -0.014543828656868749;  // [rad] -0.8333 degree
+constexpr double kPlanetStandardAltitude = -kHorizonRefraction;
+constexpr double kParallaxAtOneAu = 0.0000426345151167726;  // [rad] 8.794"
 
 // The first of the bodies that are so slow that one place serves for three days.
 constexpr BodyCode kFirstSlowBody = ZENITHOR_JUPITER;

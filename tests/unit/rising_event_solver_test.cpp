@@ -11,6 +11,8 @@
 #include "support/full_store.h"
 #include "time/angles.h"
 #include "time/constants.h"
+#include "time/nutation.h"
+#include "time/obliquity.h"
 #include "time/sidereal_time.h"
 
 namespace zenithor {
@@ -23,8 +25,6 @@ EventProblem Pose(const RisingRequest& request) {
   return request.code == ZENITHOR_MOON ? PoseRisingMoon(request)
                                        : PoseRisingPlanet(FullStore(), request, cache);
 }
-
-// ---- Grazing places where the bare iteration never ends ---------------------------------------
 
 RiseSetResult Graze(double day_number, double longitude_west, double latitude, BodyCode code) {
   return AnswerEvents(Pose({day_number, 1.0, 0.0, longitude_west, latitude, code}));
@@ -66,8 +66,6 @@ TEST(EventSolver, RiseOfTheMoonAtTromsoDoesNotSettle) {
   EXPECT_TRUE(std::isfinite(result.Set));
 }
 
-// ---- The same answers as the bare iteration -----------------------------------------------------
-
 // The three times by the plain loops of the book with this library's correction, ended by nothing
 // but a small correction (`limit` keeps the test itself from hanging).
 struct BareTimes {
@@ -84,7 +82,10 @@ double BareLoop(double m, Correction correction, int limit) {
   return m;
 }
 
-BareTimes SolveBare(const EventProblem& p, int limit) {
+enum class CorrectionFactor { kCosineOfAltitude, kNone };
+
+BareTimes SolveBare(const EventProblem& p, int limit,
+                    CorrectionFactor factor = CorrectionFactor::kCosineOfAltitude) {
   const double a1 = p.alpha.middle + ReduceAngleSigned(p.alpha.before - p.alpha.middle);
   const double a2 = p.alpha.middle;
   const double a3 = p.alpha.middle + ReduceAngleSigned(p.alpha.after - p.alpha.middle);
@@ -108,7 +109,8 @@ BareTimes SolveBare(const EventProblem& p, int limit) {
     const double delta = Interpolate(p.delta, m + p.delta_t / 86400.0);
     const double h = std::asin(std::sin(phi) * std::sin(delta) +
                                std::cos(phi) * std::cos(delta) * std::cos(hour));
-    return std::cos(h) * (h - p.h0) / (kTwoPi * std::cos(delta) * std::cos(phi) * std::sin(hour));
+    const double off = factor == CorrectionFactor::kNone ? h - p.h0 : std::cos(h) * (h - p.h0);
+    return off / (kTwoPi * std::cos(delta) * std::cos(phi) * std::sin(hour));
   };
   m0 = BareLoop(
       m0, [&](double m) { return -hour_angle(m) / kTwoPi; }, limit);
@@ -160,9 +162,6 @@ TEST(EventSolver, EveryTimeThatSettlesIsToTheBitThatOfTheBareIteration) {
   EXPECT_GT(settled_late, 500);
 }
 
-// ---- The book
-// ------------------------------------------------------------------------------------
-
 // Meeus, example 15.a: Venus at Boston, 1988 March 20, from the book's own coordinates.
 EventProblem VenusAtBoston() {
   EventProblem problem{};
@@ -187,9 +186,6 @@ TEST(EventSolver, MeetsVenusAtBoston) {
   EXPECT_NEAR(times.transit / kTwoPi, 0.81980, 2e-5);
   EXPECT_NEAR(times.set / kTwoPi, 0.12130, 2e-5);
 }
-
-// ---- Horizon and day
-// -----------------------------------------------------------------------------
 
 RiseSetResult Sun(double day_number, double longitude_west, double latitude) {
   return AnswerEvents(Pose({day_number, 0.0, 0.0, longitude_west, latitude, ZENITHOR_SUN}));
@@ -314,33 +310,78 @@ TEST(EventSolver, KeptOnPurposeATimeOutsideTheDayIsShiftedByWholeDays) {
   EXPECT_LT(farthest, 20.0 * kRadiansPerDegree);
 }
 
+// Farthest [min] that rises and sets of a year at latitudes up to 50 degrees lie from other times.
+template <class Solve>
+double FarthestOfAYear(BodyCode code, Solve other_times) {
+  double farthest = 0.0;
+  for (int day = 0; day < 365; ++day) {
+    for (const double latitude : {-50.0, -20.0, 0.0, 35.0, 50.0}) {
+      // 2026, from January 1 on.
+      const EventProblem problem =
+          Pose({23742.0 + day, 0.0, 0.0, std::remainder(10.0 * day, 360.0), latitude, code});
+      const EventTimes times = SolveEvents(problem);
+      const BareTimes others = other_times(problem);
+      for (const double moved : {times.rise - others.rise, times.set - others.set}) {
+        // Less the whole day between times that come out on either side of midnight.
+        farthest = std::fmax(farthest, std::fabs(ReduceAngleSigned(moved)) / kTwoPi * 1440.0);
+      }
+    }
+  }
+  return farthest;
+}
+
 TEST(EventSolver, KeptOnPurposeTheCorrectionHasTheFactorCosH) {
-  // One step of the published formula against one of this one, from the first estimate. The
-  // estimate of the Moon is up to some 20 degrees off the horizon, where the factor is far from 1.
-  const EventProblem problem = Pose({23813.0, 0.0, 0.0, 71.0, 42.0, ZENITHOR_MOON});
-  const EventTimes times = SolveEvents(problem);
-  EXPECT_EQ(times.rise_run.ending, Ending::kSettled);
-  const BareTimes one_step = SolveBare(problem, 1);
-  const double cos_h0 =
-      (std::sin(problem.h0) - std::sin(problem.latitude) * std::sin(problem.delta.middle)) /
-      (std::cos(problem.latitude) * std::cos(problem.delta.middle));
-  const double theta0 =
-      ReduceAngle(SiderealTimeFromDays(problem.day_start_days, problem.day_start_centuries));
-  double m0 = (problem.alpha.middle + problem.longitude - theta0) / kTwoPi;
-  m0 = m0 < 0.0 ? m0 + 1.0 : m0;
-  double m2 = m0 + std::acos(cos_h0) / kTwoPi;
-  m2 = m2 > 1.0 ? m2 - 1.0 : m2;
-  const double n = m2 + problem.delta_t / 86400.0;
-  const double hour = ReduceAngleSigned(theta0 + 6.300388092591991 * m2 - problem.longitude -
-                                        Interpolate(problem.alpha, n));
-  const double delta = Interpolate(problem.delta, n);
-  const double h = std::asin(std::sin(problem.latitude) * std::sin(delta) +
-                             std::cos(problem.latitude) * std::cos(delta) * std::cos(hour));
-  const double published =
-      (h - problem.h0) / (kTwoPi * std::cos(delta) * std::cos(problem.latitude) * std::sin(hour));
-  const double stepped = one_step.set / kTwoPi - m2;
-  EXPECT_NEAR(stepped, published * std::cos(h), 1e-12);
-  EXPECT_GT(std::fabs(stepped - published), 1e-6);
+  // Newton's method settles with the published correction too, at the same times but for the
+  // 0.0002 day that may remain: the Moon is up to some 20 degrees off the horizon at the estimate.
+  const auto published = [](const EventProblem& problem) {
+    return SolveBare(problem, 1000, CorrectionFactor::kNone);
+  };
+  const double moon = FarthestOfAYear(ZENITHOR_MOON, published);
+  EXPECT_GT(moon, 0.01);
+  EXPECT_LT(moon, 0.03);
+  for (const BodyCode code : {ZENITHOR_SUN, ZENITHOR_MERCURY, ZENITHOR_VENUS, ZENITHOR_MARS}) {
+    const double others = FarthestOfAYear(code, published);
+    EXPECT_GT(others, 1e-8) << code;
+    EXPECT_LT(others, 0.0001) << code;
+  }
+}
+
+TEST(EventSolver, KeptOnPurposeDeltaTMovesTimesWhenItCountsASecondTime) {
+  const auto once = [](const EventProblem& problem) {
+    EventProblem without = problem;
+    without.delta_t = 0.0;
+    const EventTimes times = SolveEvents(without);
+    return BareTimes{times.rise, times.transit, times.set};
+  };
+  EXPECT_NEAR(FarthestOfAYear(ZENITHOR_MOON, once), 0.160, 0.002);
+  for (const BodyCode code : {ZENITHOR_SUN, ZENITHOR_MERCURY, ZENITHOR_VENUS, ZENITHOR_MARS}) {
+    const double moved = FarthestOfAYear(code, once);
+    EXPECT_GT(moved, 0.001) << code;
+    EXPECT_LT(moved, 0.021) << code;
+  }
+}
+
+TEST(EventSolver, KeptOnPurposeSiderealTimeIsMean) {
+  // A body that stands still crosses the meridian when mean sidereal time, less the longitude, is
+  // its right ascension. Apparent time differs by the equation of the equinoxes.
+  double largest = 0.0;
+  for (double day = -6000.0; day < 6000.0; day += 11.0) {
+    EventProblem problem = VenusAtBoston();
+    problem.alpha = {1.0, 1.0, 1.0};
+    problem.delta = {0.3, 0.3, 0.3};
+    problem.day_start_days = day + 0.5;
+    problem.day_start_centuries = problem.day_start_days / 36525.0;
+    const double t = problem.day_start_centuries;
+    // Meeus, formula 12.4.
+    const double mean = (280.46061837 + 360.98564736629 * problem.day_start_days +
+                         0.000387933 * t * t - t * t * t / 38710000.0) *
+                        kRadiansPerDegree;
+    const double turned = mean + 6.300388092591991 * SolveEvents(problem).transit / kTwoPi;
+    // The last correction, at most 0.0002 day, leaves 0.0027 of itself.
+    EXPECT_NEAR(ReduceAngleSigned(turned - problem.longitude - 1.0), 0.0, 4e-6) << day;
+    largest = std::fmax(largest, std::fabs(Nutation(t).dpsi * std::cos(MeanObliquity(t))));
+  }
+  EXPECT_NEAR(largest / kTwoPi * 1440.0, 0.0185, 0.0015);  // [min]
 }
 
 TEST(EventSolver, WithoutADirectionEveryTimeIsNotANumberAtOnce) {
