@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
 
 #if !defined(__GNUC__) || !(defined(__i386__) || defined(__x86_64__))
@@ -26,8 +27,8 @@ namespace zenithor {
 // The one door between a host and the library. Inside, the processor is in the state that the
 // mathematics and the compiler need: x87 stack empty, extended precision, round to nearest, every
 // exception masked, no flush to zero, string instructions counting up. Outside again, the host's
-// x87 control word, MXCSR (its flags included) and direction flag are back to the bit, and no x87
-// exception flag is set or pending.
+// x87 control word, MXCSR (its flags included), direction flag and errno are back to the bit, and
+// no x87 exception flag is set or pending.
 //
 // Inline instructions rather than <cfenv>: the latter costs microseconds a call where it asks
 // CPUID.
@@ -35,6 +36,7 @@ struct HostState {
   std::uint16_t x87_control_word;
   std::uint32_t mxcsr;
   bool counts_down;
+  int error_number;  // the mathematics of the C library sets errno
 };
 
 // fninit clobbers the whole register stack. The clobbers keep the compiler from holding anything
@@ -62,6 +64,7 @@ inline HostState EnterLibrary() {
       : "=m"(host.x87_control_word), "=m"(host.mxcsr)
       : "m"(library_mxcsr)
       : "memory", "cc", "st", ZENITHOR_X87_REGISTERS_BELOW_TOP);
+  host.error_number = errno;
   return host;
 }
 
@@ -69,6 +72,7 @@ inline HostState EnterLibrary() {
 // load after the exception flags are cleared would raise them again for a denormal number, and trap
 // in a host that has unmasked them.
 inline void LeaveLibrary(const HostState& host, double& result) {
+  errno = host.error_number;
 #if defined(__i386__)
 #define ZENITHOR_RESULT_REGISTER "+t"
 #define ZENITHOR_X87_CLOBBERS ZENITHOR_X87_REGISTERS_BELOW_TOP

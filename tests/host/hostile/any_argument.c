@@ -3,6 +3,7 @@
  * nothing outside its record, gives the same bits again, and leaves the host's state alone.
  *   any_argument LIBRARY [RANDOM CALLS PER EXPORT] */
 
+#include <errno.h>
 #include <float.h>
 #include <math.h>
 
@@ -11,6 +12,8 @@
 
 /* The slowest are solar eclipse searches from so far off that they look at a million lunations. */
 static const double kLongestCall = 10.0; /* seconds of processor time */
+
+enum { kHostsErrno = 12345 };
 
 static double longest;
 static int long_searches;
@@ -24,7 +27,9 @@ static void CheckCall(const FoundExport* export_, const ExportArguments* argumen
   }
   StateCall call = QuietState();
   const double start = ProcessorSeconds();
+  errno = kHostsErrno;
   CallGuardedInState(&call, export_, arguments, &first);
+  const int errno_after = errno;
   const double seconds = ProcessorSeconds() - start;
   longest = seconds > longest ? seconds : longest;
   if (may_be_long) {
@@ -38,6 +43,7 @@ static void CheckCall(const FoundExport* export_, const ExportArguments* argumen
         d[1], d[2], d[3], d[4], arguments->integers[0], arguments->integers[1], seconds);
   Check(BytesWrittenOutside(&first.guarded, RecordSizeOf(export_->row)) == 0,
         "%s(%.17g ...): bytes outside the record", name, d[0]);
+  Check(errno_after == kHostsErrno, "%s(%.17g ...): errno %d", name, d[0], errno_after);
   Check(SameAnswer(&first, &second), "%s(%.17g %.17g %.17g %.17g %.17g; %d %d): other bits again",
         name, d[0], d[1], d[2], d[3], d[4], arguments->integers[0], arguments->integers[1]);
   Check((call.control_word_after | 0x40) == 0x037F && call.mxcsr_after == 0x1F80 &&

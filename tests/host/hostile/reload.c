@@ -1,42 +1,95 @@
-/* A host that loads and unloads the library again and again. Nothing is released at detach, on
- * purpose: each load leaves its block of terms behind, and nothing else that grows.
+/* A host that loads and unloads the library again and again, and one that has no per-thread slot
+ * left. Terms are not released at detach, on purpose: each load leaves its blocks behind, and
+ * nothing else that grows.
  *   reload LIBRARY [TIMES] */
 
 #include "memory.h"
 
 enum { kTermBytes = 2 * 819384 }; /* the terms of the nine slots, as read and in summing order */
 
-/* How many per-thread slots the process still has: 1088 on Windows, 1024 on Linux. */
-static int FreeThreadSlots(void) {
+/* Per-thread slots of the process: 1088 on Windows, 1024 on Linux. */
+enum { kMostSlots = 2048 };
 #if defined(_WIN32)
-  static DWORD slots[2048];
-  int count = 0;
-  while (count < 2048 && (slots[count] = TlsAlloc()) != TLS_OUT_OF_INDEXES) {
-    ++count;
-  }
-  for (int k = 0; k < count; ++k) {
-    TlsFree(slots[k]);
-  }
+typedef DWORD Slot;
 #else
-  static pthread_key_t slots[2048];
+typedef pthread_key_t Slot;
+#endif
+static Slot slots[kMostSlots];
+
+/* Takes all that are left. */
+static int TakeSlots(void) {
   int count = 0;
-  while (count < 2048 && pthread_key_create(&slots[count], NULL) == 0) {
+#if defined(_WIN32)
+  while (count < kMostSlots && (slots[count] = TlsAlloc()) != TLS_OUT_OF_INDEXES) {
+#else
+  while (count < kMostSlots && pthread_key_create(&slots[count], NULL) == 0) {
+#endif
     ++count;
   }
-  for (int k = 0; k < count; ++k) {
-    pthread_key_delete(slots[k]);
-  }
-#endif
   return count;
 }
 
+static void GiveBackSlots(int count) {
+  for (int k = 0; k < count; ++k) {
+#if defined(_WIN32)
+    TlsFree(slots[k]);
+#else
+    pthread_key_delete(slots[k]);
+#endif
+  }
+}
+
+static int FreeThreadSlots(void) {
+  const int count = TakeSlots();
+  GiveBackSlots(count);
+  return count;
+}
+
+static FoundExport exports[kExportCount];
+static int export_count;
+static Answer expected[kExportCount];
+
+/* Calls every export twice; `words` says when, where the answers are not the expected ones. */
+static void CallAll(void* words) {
+  static Answer answer;
+  for (int repeat = 0; repeat < 2; ++repeat) {
+    for (int e = 0; e < export_count; ++e) {
+      const ExportArguments arguments = OrdinaryArguments(exports[e].row, 1);
+      CallGuarded(&exports[e], &arguments, &answer);
+      Check(SameAnswer(&answer, &expected[e]), "%s: other bits %s", exports[e].row->name,
+            (const char*)words);
+    }
+  }
+}
+
+/* Every export, for the first time in this load, where no slot can be had; from another thread too.
+ */
+static void CallWithoutSlots(const char* path) {
+  const Library library = OpenLibrary(path);
+  if (library == NULL) {
+    Check(0, "the last load failed");
+    return;
+  }
+  for (int e = 0; e < export_count; ++e) {
+    exports[e].entry = FindExport(library, exports[e].row->name);
+  }
+  const int taken = TakeSlots();
+  Check(taken > 0, "no per-thread slot to take");
+  CallAll("without a per-thread slot");
+  ThreadTask task;
+  task.run = CallAll;
+  task.argument = "without a per-thread slot, from another thread";
+  StartThread(&task);
+  JoinThread(&task);
+  GiveBackSlots(taken);
+  CallAll("with slots again");
+  CloseLibrary(library);
+}
+
 int main(int argc, char** argv) {
-  FoundExport exports[kExportCount];
-  int count = 0;
   const int times = argc > 2 ? atoi(argv[2]) : 100;
-  static Answer first[kExportCount];
   static Answer again;
-  CloseLibrary(OpenFromArguments(argc, argv, exports, &count));
+  CloseLibrary(OpenFromArguments(argc, argv, exports, &export_count));
   const int slots_before = FreeThreadSlots();
   const long before = PrivateKiB();
   const double start = SecondsNow();
@@ -46,11 +99,11 @@ int main(int argc, char** argv) {
       Check(0, "load %d failed", k);
       break;
     }
-    for (int e = 0; e < count; ++e) {
+    for (int e = 0; e < export_count; ++e) {
       exports[e].entry = FindExport(library, exports[e].row->name);
       const ExportArguments arguments = OrdinaryArguments(exports[e].row, 1);
-      CallGuarded(&exports[e], &arguments, k == 0 ? &first[e] : &again);
-      Check(k == 0 || SameAnswer(&again, &first[e]), "%s: other bits after load %d",
+      CallGuarded(&exports[e], &arguments, k == 0 ? &expected[e] : &again);
+      Check(k == 0 || SameAnswer(&again, &expected[e]), "%s: other bits after load %d",
             exports[e].row->name, k);
     }
     CloseLibrary(library);
@@ -65,5 +118,6 @@ int main(int argc, char** argv) {
   /* The terms, and what the allocator adds to blocks of this size. */
   Check(left_per_load < kTermBytes / 1024.0 + 64.0, "%.1f KiB left behind by each load",
         left_per_load);
+  CallWithoutSlots(argv[1]);
   return Verdict("reload");
 }
