@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include "time/angles.h"
 #include "time/constants.h"
@@ -26,52 +27,86 @@ struct NutationTerm {
   double obliquity, obliquity_rate;
 };
 
-constexpr NutationTerm kTerms[] = {
+constexpr NutationTerm kNutationTerms[] = {
 #include "time/nutation_terms.inc"
 };
 
 constexpr std::size_t CountObliquityTerms() {
   std::size_t count = 0;
-  for (const NutationTerm& term : kTerms) {
+  for (const NutationTerm& term : kNutationTerms) {
     count += term.obliquity != 0.0 ? 1 : 0;
   }
   return count;
 }
 
-static_assert(std::size(kTerms) == 63, "table 22.A has 63 rows");
+static_assert(std::size(kNutationTerms) == 63, "table 22.A has 63 rows");
 static_assert(CountObliquityTerms() == 38, "38 rows have a cosine coefficient");
 
 double FundamentalArgument(const double (&coefficients)[4], double centuries) {
   return ReduceAngle(EvaluatePolynomial(coefficients, 3, centuries) * kRadiansPerDegree);
 }
 
+// The five arguments of a moment [rad].
+struct Arguments {
+  double d, m, mprime, f, omega;
+};
+
+// The table is read by the compiler alone: each row becomes lines of its own with its multipliers
+// and coefficients as constants, and what is multiplied by 0 is left out.
+template <const auto& terms, std::size_t row>
+double RowArgument(const Arguments& of) {
+  constexpr NutationTerm term = terms[row];
+  double argument = 0.0;
+  if constexpr (term.d != 0.0) {
+    argument += term.d * of.d;
+  }
+  if constexpr (term.m != 0.0) {
+    argument += term.m * of.m;
+  }
+  if constexpr (term.mprime != 0.0) {
+    argument += term.mprime * of.mprime;
+  }
+  if constexpr (term.f != 0.0) {
+    argument += term.f * of.f;
+  }
+  if constexpr (term.omega != 0.0) {
+    argument += term.omega * of.omega;
+  }
+  return argument;
+}
+
+// Adds one row to the sums [arcsec].
+template <const auto& terms, std::size_t row>
+void AddRow(double centuries, const double* cosine_sine, NutationAngles& sums) {
+  constexpr NutationTerm term = terms[row];
+  sums.dpsi += (term.longitude + term.longitude_rate * centuries) * cosine_sine[2 * row + 1];
+  if constexpr (term.obliquity != 0.0) {
+    sums.deps += (term.obliquity + term.obliquity_rate * centuries) * cosine_sine[2 * row];
+  }
+}
+
+template <const auto& terms, std::size_t... rows>
+NutationAngles SumRows(double centuries, const Arguments& of,
+                       std::index_sequence<rows...> /*all*/) {
+  const double arguments[] = {RowArgument<terms, rows>(of)...};
+  double cosine_sine[2 * sizeof...(rows)];
+  CosinesAndSines(arguments, sizeof...(rows), cosine_sine);
+  NutationAngles sums{0.0, 0.0};
+  (AddRow<terms, rows>(centuries, cosine_sine, sums), ...);
+  return sums;
+}
+
 }  // namespace
 
 NutationAngles Nutation(double centuries) {
-  const double omega = FundamentalArgument(kMoonNode, centuries);
-  const double m = FundamentalArgument(kSunAnomaly, centuries);
-  const double mprime = FundamentalArgument(kMoonAnomaly, centuries);
-  const double f = FundamentalArgument(kMoonLatitudeArgument, centuries);
-  const double d = FundamentalArgument(kMoonElongation, centuries);
-
-  double arguments[std::size(kTerms)];
-  double cosine_sine[2 * std::size(kTerms)];
-  for (std::size_t k = 0; k < std::size(kTerms); ++k) {
-    const NutationTerm& term = kTerms[k];
-    arguments[k] = term.d * d + term.m * m + term.mprime * mprime + term.f * f + term.omega * omega;
-  }
-  CosinesAndSines(arguments, std::size(kTerms), cosine_sine);
-
-  double dpsi = 0.0;
-  double deps = 0.0;
-  for (std::size_t k = 0; k < std::size(kTerms); ++k) {
-    const NutationTerm& term = kTerms[k];
-    dpsi += (term.longitude + term.longitude_rate * centuries) * cosine_sine[2 * k + 1];
-    if (term.obliquity != 0.0) {
-      deps += (term.obliquity + term.obliquity_rate * centuries) * cosine_sine[2 * k];
-    }
-  }
-  return {dpsi * kRadiansPerArcsecond, deps * kRadiansPerArcsecond};
+  const Arguments arguments{FundamentalArgument(kMoonElongation, centuries),
+                            FundamentalArgument(kSunAnomaly, centuries),
+                            FundamentalArgument(kMoonAnomaly, centuries),
+                            FundamentalArgument(kMoonLatitudeArgument, centuries),
+                            FundamentalArgument(kMoonNode, centuries)};
+  const NutationAngles sums = SumRows<kNutationTerms>(
+      centuries, arguments, std::make_index_sequence<std::size(kNutationTerms)>());
+  return {sums.dpsi * kRadiansPerArcsecond, sums.deps * kRadiansPerArcsecond};
 }
 
 }  // namespace zenithor
