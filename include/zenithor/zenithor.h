@@ -12,7 +12,9 @@
  *   - 0.0 means "no answer": the record is untouched, or (event functions) the block read back was
  *     not filled by this call.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
- *   - The caller's floating-point environment does not matter and is left exactly as it was.
+ *   - The caller's processor state does not matter. x87 control word, MXCSR, direction flag and
+ * errno come back as they were; the x87 register stack comes back empty (but for the result) and no
+ * x87 exception flag is set.
  */
 #ifndef ZENITHOR_ZENITHOR_H
 #define ZENITHOR_ZENITHOR_H
@@ -79,8 +81,8 @@ enum {
  *   Mercury, Venus, Mars to
  *   Neptune                  1-8, 16-23         Moon    4-10, 15, 18-23
  *   Earth                    1-3, 16-23
- * A longitude or a right ascension of exactly 0, or not a number, is not written either; Pluto's
- * always is. */
+ * Of the Sun and the planets a longitude or a right ascension of exactly 0, or not a number, is not
+ * written either; of the Moon a longitude that is not a number. */
 typedef struct BodyPositionRecord {
   double HelioLongitude;          /*  1 [deg] heliocentric ecliptic longitude of date, nutation
                                           included but for Pluto, 0 to 360 */
@@ -101,7 +103,7 @@ typedef struct BodyPositionRecord {
   double Obliquity;               /* 16 [rad] mean obliquity of the ecliptic of date */
   double Centuries;               /* 17 [Julian centuries] the moment, counted from J2000.0 */
   int32_t Year;                   /* 18 calendar year of the moment; year 0 is 1 BC */
-  int32_t Month;                  /* 19 1 to 12 */
+  int32_t Month;                  /* 19 1 to 12; no dates before day -1401: host guide */
   int32_t Day;                    /* 20 day of the month, truncated */
   int32_t Hour;                   /* 21 0 to 23 */
   int32_t Minute;                 /* 22 0 to 59 */

@@ -31,7 +31,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
     const int observer_slot = code == ZENITHOR_PLUTO ? kEarthJ2000Slot : kEarthSlot;
     const Spherical observer = EvaluateObserver(store, observer_slot, t, cache);
     // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
-    // declination apparent; for Mars the two differ by up to about 40".
+    // declination apparent; for Mercury the two differ by up to 60" and nutation.
     Spherical place = GeocentricPosition(body, observer);
     StoreAngle(place.longitude * kDegreesPerRadian, 360.0, record.GeoLongitude);
     record.GeoLatitude = place.latitude * kDegreesPerRadian;

@@ -60,17 +60,12 @@ bool FileExists(const char* name) {
 }
 
 std::FILE* OpenForReading(const char* name) {
-  std::FILE* const file = std::fopen(name, "rb");
-  if (file == nullptr) {
-    return nullptr;
-  }
-  // A directory opens for reading here, but cannot be read.
+  // A directory opens for reading here, but cannot be read; a pipe waits until somebody writes.
   struct stat status {};
-  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
-    static_cast<void>(std::fclose(file));
+  if (stat(name, &status) != 0 || !S_ISREG(status.st_mode)) {
     return nullptr;
   }
-  return file;
+  return std::fopen(name, "rb");
 }
 
 #endif

@@ -11,6 +11,9 @@
 #include "ephemeris/series.h"
 #include "support/archive_files.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #include <sys/resource.h>
 #define CAN_LIMIT_MEMORY 1
@@ -146,6 +149,15 @@ TEST_F(Loader, DirectoryInPlaceOfAFileCannotBeOpened) {
   EXPECT_FALSE(IsLoaded(store_, 0));
   std::fclose(store_.index_stream);
 }
+
+#ifndef _WIN32
+TEST_F(Loader, PipeInPlaceOfAFileCannotBeOpened) {
+  WriteNineSlots();
+  const std::string pipe = folder_ / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(LoadBodySeries(store_, 0, pipe.c_str(), data_path_.c_str()), LoadStatus::kNoIndexFile);
+}
+#endif
 
 TEST_F(Loader, EmptyFilesLoadAsSlotsWithoutTerms) {
   WriteFile(index_path_, "", 0);

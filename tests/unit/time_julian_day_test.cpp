@@ -82,7 +82,7 @@ TEST(JulianDayToCalendar, IsContinuousFromDayToDay) {
   }
 }
 
-TEST(JulianDayToCalendar, KeptOnPurposeTruncatesBefore4716BCMarch) {
+TEST(JulianDayToCalendar, KeptOnPurposeTruncatesBefore4717BCMarch) {
   ExpectDate(-1400.5, -4716, 3, 2.0);
   ExpectDate(-1402.5, -4715, 2, 31.0);
   ExpectDate(-2000.5, -4716, -4, -19.0);

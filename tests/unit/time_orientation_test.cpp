@@ -70,7 +70,7 @@ TEST(Nutation, MeetsTheBook) {
   EXPECT_NEAR(nutation.deps / kRadiansPerArcsecond, deps.value, deps.allowed);
 }
 
-TEST(Nutation, OfJ2000IsOfTheOrderOfTenMicroradians) {
+TEST(Nutation, OfJ2000IsBelowATenthOfAMilliradian) {
   const NutationAngles nutation = Nutation(0.0);
   EXPECT_NE(nutation.dpsi, 0.0);
   EXPECT_LT(std::fabs(nutation.dpsi), 1e-4);

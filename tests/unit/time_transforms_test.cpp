@@ -86,7 +86,7 @@ TEST(AnnualAberration, MeetsTheBook) {
   EXPECT_NEAR((star.delta - before.delta) / kRadiansPerArcsecond, delta.value, delta.allowed);
 }
 
-TEST(AnnualAberration, ItsEccentricityTermsAreOfThirdOfAnArcsecond) {
+TEST(AnnualAberration, ItsEccentricityTermsAreUpToAThirdOfAnArcsecond) {
   Equatorial with{1.0, 0.5};
   Equatorial without{1.0, 0.5};
   AnnualAberration(0.1, 0.409, AberrationTerms::kWithEccentricity, with);
@@ -98,7 +98,7 @@ TEST(AnnualAberration, ItsEccentricityTermsAreOfThirdOfAnArcsecond) {
   EXPECT_LT(difference, 0.35);  // kappa times the eccentricity is 0.343"
 }
 
-TEST(AnnualAberration, IsNotFiniteWhereTheCosineOfTheDeclinationVanishes) {
+TEST(AnnualAberration, IsEnormousWhereTheCosineOfTheDeclinationAlmostVanishes) {
   // No double is exactly 90 degrees; the nearest one gives an enormous right ascension.
   Equatorial pole{1.0, kPi / 2.0};
   AnnualAberration(0.0, 0.409, AberrationTerms::kWithEccentricity, pole);

@@ -26,9 +26,10 @@ int Run(int argument_count, char** arguments) {
   build->add_option("--out", build_options.out, "Folder to write to")->capture_default_str();
   CLI::Option* const max_error =
       build
-          ->add_option("--max-error", max_error_arcsec,
-                       "Keep the fewest terms that hold each heliocentric place within ARCSEC over "
-                       "the years -2000 to +6000")
+          ->add_option(
+              "--max-error", max_error_arcsec,
+              "Keep few terms, the smallest given up first, that hold each heliocentric place "
+              "within ARCSEC over the years -2000 to +6000")
           ->type_name("ARCSEC");
 
   std::string file;
