@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <tuple>
@@ -11,6 +12,7 @@
 #include "commands.h"
 #include "failure.h"
 #include "moment.h"
+#include "options.h"
 #include "report.h"
 
 namespace zenithor::almanac {
@@ -141,24 +143,36 @@ void CollectEclipses(ZenithorAnyEclipse call, Family family, const Period& perio
   }
 }
 
+// The names that --kind knows: the families, then the single kinds, each in the order of its table.
+std::vector<std::string> KindNames() {
+  std::vector<std::string> names;
+  for (const FamilyName& family : kFamilies) {
+    names.emplace_back(family.slug);
+  }
+  for (const EventKind& kind : kKinds) {
+    names.emplace_back(kind.slug);
+  }
+  return names;
+}
+
 // Whether --kind asks for it: by its own name or by that of its family; everything without --kind.
-bool IsWanted(const EventKind& kind, const std::vector<std::string>& wanted) {
-  return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), [&](const std::string& slug) {
-           return slug == kind.slug ||
-                  std::any_of(std::begin(kFamilies), std::end(kFamilies), [&](const auto& family) {
-                    return family.family == kind.family && slug == family.slug;
-                  });
+// `wanted` holds places in KindNames.
+bool IsWanted(const EventKind& kind, const std::vector<std::size_t>& wanted) {
+  const auto own_place = std::size(kFamilies) + static_cast<std::size_t>(&kind - kKinds);
+  return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), [&](std::size_t place) {
+           return place == own_place ||
+                  (place < std::size(kFamilies) && kFamilies[place].family == kind.family);
          });
 }
 
-bool IsWanted(Family family, const std::vector<std::string>& wanted) {
+bool IsWanted(Family family, const std::vector<std::size_t>& wanted) {
   return std::any_of(std::begin(kKinds), std::end(kKinds), [&](const EventKind& kind) {
     return kind.family == family && IsWanted(kind, wanted);
   });
 }
 
 Events EventsOf(const ZenithorLibrary& library, const Period& period,
-                const std::vector<std::string>& wanted) {
+                const std::vector<std::size_t>& wanted) {
   Events events;
   if (IsWanted(Family::kSeasons, wanted)) {
     CollectSeasons(library, period, events);
@@ -200,9 +214,9 @@ Report EventsReport(const Events& events, const Period& period) {
   table.columns = {{"event", "", 0}, {"julian_day", "day", 6}, {"date", "dynamical time", 0}};
   for (const Event& event : events) {
     const EventTimeBlock& at = event.at;
-    table.rows.push_back({std::string(event.kind->name), at.JulianDay,
-                          fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", at.Year, at.Month,
-                                      at.Day, at.Hour, at.Minute, at.Second)});
+    table.rows.push_back(
+        {std::string(event.kind->name), at.JulianDay,
+         CalendarText(Instant{at.Year, at.Month, at.Day, at.Hour, at.Minute, at.Second})});
   }
   report.tables.push_back(std::move(table));
   if (events.empty()) {
@@ -211,55 +225,27 @@ Report EventsReport(const Events& events, const Period& period) {
   return report;
 }
 
-// Beyond this the calendar of the command line ends, and steps of a day would not be told apart.
-constexpr double kFarthestDay = 4e7;
-
 struct EventsOptions {
   std::optional<int> year;
-  std::string from;
-  std::string to;
-  std::vector<std::string> kinds;
+  std::optional<double> from;      // [Julian day]
+  std::optional<double> to;        // [Julian day]
+  std::vector<std::size_t> kinds;  // places in KindNames; empty: all
   Format format = Format::kText;
 };
 
-double YearStart(int year) { return ParseMoment(fmt::format("{}-01-01", year)); }
-
 // The year, this year without options; --from and --to replace its beginning and its end.
 Period PeriodOf(const EventsOptions& options) {
-  if (!options.year && options.from.empty() != options.to.empty()) {
+  if (!options.year && options.from.has_value() != options.to.has_value()) {
     throw Failure("--from and --to go together, unless --year gives the other end");
   }
-  Period period{};
-  if (options.year || options.from.empty()) {
-    const int year = options.year ? *options.year : std::stoi(CalendarText(CurrentJulianDay()));
-    period = {YearStart(year), YearStart(year + 1)};
-  }
-  if (!options.from.empty()) {
-    period.from = ParseMoment(options.from);
-  }
-  if (!options.to.empty()) {
-    period.to = ParseMoment(options.to);
-  }
+  const int year = options.year.value_or(InstantOf(CurrentJulianDay()).year);
+  const Period period{options.from.value_or(YearStart(year)),
+                      options.to.value_or(YearStart(year + 1))};
   if (!(period.from < period.to)) {
     throw Failure("the period is empty: it would begin on {} and end on {}",
                   CalendarText(period.from), CalendarText(period.to));
   }
-  if (!(std::fabs(period.from) <= kFarthestDay && std::fabs(period.to) <= kFarthestDay)) {
-    throw Failure("the period reaches beyond Julian day {:.0f} before or after day 0",
-                  kFarthestDay);
-  }
   return period;
-}
-
-std::vector<std::string> KindNames() {
-  std::vector<std::string> names;
-  for (const FamilyName& family : kFamilies) {
-    names.emplace_back(family.slug);
-  }
-  for (const EventKind& kind : kKinds) {
-    names.emplace_back(kind.slug);
-  }
-  return names;
 }
 
 }  // namespace
@@ -268,17 +254,25 @@ void AddEventsCommand(CLI::App& program, Session& session) {
   CLI::App* const command =
       program.add_subcommand("events", "Seasons, phases of the Moon and eclipses of a year");
   const auto options = std::make_shared<EventsOptions>();
-  command->add_option("--year", options->year, "Astronomical numbering, 0 is 1 BC; else this year")
-      ->check(CLI::Range(-99999, 99998));
-  command->add_option("--from", options->from, "Begin here instead, such as 2026-11-21");
-  command->add_option("--to", options->to, "End before this instead");
   command
-      ->add_option("--kind", options->kinds,
+      ->add_option_function<std::string>(
+          "--year", [options](const std::string& text) { options->year = YearOf("--year", text); },
+          fmt::format("From {} to {}, 0 is 1 BC; else this year", kFirstYear, kLastYear))
+      ->type_name("YEAR");
+  command
+      ->add_option_function<std::string>(
+          "--from",
+          [options](const std::string& text) { options->from = MomentOf("--from", text); },
+          "Begin here instead, such as 2026-11-21")
+      ->type_name("DATE");
+  command
+      ->add_option_function<std::string>(
+          "--to", [options](const std::string& text) { options->to = MomentOf("--to", text); },
+          "End before this instead")
+      ->type_name("DATE");
+  AddChoicesOption(*command, "--kind", options->kinds, KindNames(),
                    "Only these: seasons, phases, solar-eclipses, lunar-eclipses, or single kinds "
-                   "such as full-moon or solar-total")
-      ->delimiter(',')
-      ->check(CLI::IsMember(KindNames()))
-      ->option_text("KIND,...");
+                   "such as full-moon or solar-total; with commas or blanks between");
   AddFormatOption(*command, options->format);
   command->callback([&session, options] {
     const Period period = PeriodOf(*options);

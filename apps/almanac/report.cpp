@@ -5,8 +5,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <nlohmann/json.hpp>
+
+#include "options.h"
 
 namespace zenithor::almanac {
 
@@ -185,11 +186,31 @@ std::string RenderJson(const Report& report) {
 }  // namespace
 
 void AddFormatOption(CLI::App& command, Format& format) {
-  static const std::map<std::string, Format> kFormats = {
-      {"text", Format::kText}, {"csv", Format::kCsv}, {"json", Format::kJson}};
-  command.add_option("--format", format, "text, csv or json")
-      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case))
-      ->option_text("FORMAT");
+  command
+      .add_option_function<std::string>(
+          "--format",
+          [&format](const std::string& word) {
+            constexpr Format kFormats[] = {Format::kText, Format::kCsv, Format::kJson};
+            format = kFormats[ChoiceOf("--format", word, {"text", "csv", "json"})];
+          },
+          "text, csv or json; else text")
+      ->type_name("FORMAT");
+}
+
+void AddNotAvailable(const std::vector<std::string>& bodies, Report& report) {
+  if (bodies.empty()) {
+    return;
+  }
+#ifdef _WIN32
+  constexpr char kFolder[] = "tavvin_files\\archive in the application-data folder (%APPDATA%)";
+#else
+  constexpr char kFolder[] = "tavvin_files/archive in $XDG_DATA_HOME (without it ~/.local/share)";
+#endif
+  report.notes.push_back("Not available: " + CLI::detail::join(bodies, ", ") + ".");
+  report.notes.push_back(
+      "The library has no data for them: karvo.ndx and karvo.dat, which make data builds, belong "
+      "in");
+  report.notes.push_back(fmt::format("{}.", kFolder));
 }
 
 std::string Render(const Report& report, Format format) {

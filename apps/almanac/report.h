@@ -38,6 +38,9 @@ enum class Format { kText, kCsv, kJson };
 // Gives `command` the option --format text|csv|json.
 void AddFormatOption(CLI::App& command, Format& format);
 
+// Adds to the notes that the library answered 0.0 for these bodies, and what to do. None: no note.
+void AddNotAvailable(const std::vector<std::string>& bodies, Report& report);
+
 // Text: aligned columns. CSV: head and notes as lines that begin with #, one heading line "name
 // [unit]" a table, an empty line between tables. JSON: an object with head, tables and notes; a row
 // is an object keyed by column name, an empty cell is null, numbers are in full.

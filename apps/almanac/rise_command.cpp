@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 #include "bodies.h"
 #include "commands.h"
 #include "failure.h"
 #include "moment.h"
+#include "options.h"
 #include "report.h"
 
 namespace zenithor::almanac {
@@ -18,11 +20,11 @@ namespace {
 constexpr double kMinutesPerDay = 1440.0;
 
 struct RiseOptions {
-  std::string date;
-  double latitude = 0.0;                // [deg]
-  double east_longitude = 0.0;          // [deg]
-  double east_zone = 0.0;               // [h] ahead of universal time
-  std::vector<std::string> body_names;  // empty: all
+  std::optional<double> julian_day;  // within the day, in zone time; nothing: today
+  double latitude = 0.0;             // [deg]
+  double east_longitude = 0.0;       // [deg]
+  double east_zone = 0.0;            // [h] ahead of universal time
+  std::vector<std::size_t> bodies;   // places in RisingBodies; empty: all
   Format format = Format::kText;
 };
 
@@ -68,21 +70,20 @@ std::vector<Body> RisingBodies() {
   return bodies;
 }
 
-std::vector<Body> ChosenBodies(const std::vector<std::string>& names) {
+std::vector<std::string> RisingNames() {
+  std::vector<std::string> names;
+  for (const Body& body : RisingBodies()) {
+    names.emplace_back(body.name);
+  }
+  return names;
+}
+
+std::vector<Body> ChosenBodies(const std::vector<std::size_t>& places) {
   const std::vector<Body> all = RisingBodies();
   std::vector<Body> chosen;
-  for (const std::string& name : names) {
-    const auto found = std::find_if(all.begin(), all.end(), [&name](const Body& body) {
-      return CLI::detail::to_lower(body.name) == CLI::detail::to_lower(name);
-    });
-    if (found == all.end()) {
-      std::string known;
-      for (const Body& body : all) {
-        known += std::string(known.empty() ? "" : ", ") + body.name;
-      }
-      throw Failure("--body \"{}\": nothing that rises has that name; there are {}", name, known);
-    }
-    chosen.push_back(*found);
+  chosen.reserve(places.size());
+  for (const std::size_t place : places) {
+    chosen.push_back(all[place]);
   }
   return chosen.empty() ? all : chosen;
 }
@@ -91,13 +92,14 @@ Report RiseReport(const ZenithorLibrary& library, const RiseOptions& options, do
   Report report;
   report.head = {
       fmt::format("Rise, transit and set on {} at latitude {:+.4f}, longitude {:+.4f} (east is +)",
-                  CalendarText(ZENITHOR_DAY_NUMBER_EPOCH + day_number).substr(0, 10),
-                  options.latitude, options.east_longitude),
+                  DateText(InstantOf(ZENITHOR_DAY_NUMBER_EPOCH + day_number)), options.latitude,
+                  options.east_longitude),
       fmt::format("Clock times of the zone UTC{:+g} h, to the minute", options.east_zone)};
   Table table;
   table.name = "rise";
   table.columns = {{"body", "", 0}, {"rise", "", 0}, {"transit", "", 0}, {"set", "", 0}};
-  for (const Body& body : ChosenBodies(options.body_names)) {
+  std::vector<std::string> not_available;
+  for (const Body& body : ChosenBodies(options.bodies)) {
     const auto answer = [&](std::int32_t selector) {
       return library.GEO_RISE(day_number, 0.0, ZenithorWestZone(options.east_zone),
                               ZenithorWestLongitude(options.east_longitude), options.latitude,
@@ -106,7 +108,7 @@ Report RiseReport(const ZenithorLibrary& library, const RiseOptions& options, do
     const Answers answers = {answer(ZENITHOR_RISE), answer(ZENITHOR_TRANSIT), answer(ZENITHOR_SET)};
     const std::string name = body.name;
     if (answers.rise == 0.0 && answers.transit == 0.0 && answers.set == 0.0) {
-      report.notes.push_back(name + ": not available (the library answered 0.0)");
+      not_available.push_back(name);
       table.rows.push_back({name, {}, {}, {}});
       continue;
     }
@@ -114,6 +116,7 @@ Report RiseReport(const ZenithorLibrary& library, const RiseOptions& options, do
                           TimeText(answers.set, false)});
   }
   report.tables.push_back(std::move(table));
+  AddNotAvailable(not_available, report);
   report.notes.push_back(
       "+1 and -1: on the day after or before. A rise or set that falls just outside the day is "
       "shown");
@@ -124,9 +127,9 @@ Report RiseReport(const ZenithorLibrary& library, const RiseOptions& options, do
 
 // The date on the zone's own calendar; without one, the day that the zone's clocks now show.
 double DayNumber(const RiseOptions& options) {
-  return options.date.empty()
-             ? ZenithorDayNumber(CurrentJulianDay(), ZenithorWestZone(options.east_zone))
-             : ZenithorDayNumber(ParseMoment(options.date), 0.0);
+  return options.julian_day
+             ? ZenithorDayNumber(*options.julian_day, 0.0)
+             : ZenithorDayNumber(CurrentJulianDay(), ZenithorWestZone(options.east_zone));
 }
 
 }  // namespace
@@ -135,19 +138,22 @@ void AddRiseCommand(CLI::App& program, Session& session) {
   CLI::App* const command = program.add_subcommand(
       "rise", "When the Sun, the Moon and the planets rise, cross the meridian and set");
   const auto options = std::make_shared<RiseOptions>();
-  command->add_option("--date", options->date, "The day, in zone time: 2026-11-21; else today");
-  command->add_option("--lat", options->latitude, "Latitude in degrees, north positive")
-      ->required()
-      ->check(CLI::Range(-90.0, 90.0));
-  command->add_option("--lon", options->east_longitude, "Longitude in degrees, EAST positive")
-      ->required()
-      ->check(CLI::Range(-360.0, 360.0));
   command
-      ->add_option("--zone", options->east_zone,
-                   "Hours that clocks are ahead of UTC, east positive; else 0")
-      ->check(CLI::Range(-24.0, 24.0));
-  command->add_option("--body", options->body_names, "Sun, Mercury, ... Pluto, Moon; else all")
-      ->option_text("BODY ...");
+      ->add_option_function<std::string>(
+          "--date",
+          [options](const std::string& text) { options->julian_day = MomentOf("--date", text); },
+          "The day, in zone time: 2026-11-21; else today. A time of day changes nothing")
+      ->type_name("DATE");
+  AddNumberOption(*command, "--lat", options->latitude, -90.0, 90.0, "DEGREES",
+                  "Latitude, north positive, -90 to 90")
+      ->required();
+  AddNumberOption(*command, "--lon", options->east_longitude, -360.0, 360.0, "DEGREES",
+                  "Longitude, EAST positive, -360 to 360")
+      ->required();
+  AddNumberOption(*command, "--zone", options->east_zone, -24.0, 24.0, "HOURS",
+                  "What clocks are ahead of UTC, east positive, -24 to 24; else 0");
+  AddChoicesOption(*command, "--body", options->bodies, RisingNames(),
+                   "Only these: Sun, Mercury, ... Pluto, Moon; with commas or blanks between");
   AddFormatOption(*command, options->format);
   command->callback([&session, options] {
     const ZenithorLibrary& library = session.Library();

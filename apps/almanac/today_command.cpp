@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "bodies.h"
 #include "commands.h"
@@ -136,6 +137,11 @@ std::vector<std::string> Head(double julian_day) {
           "nutation, Pluto apparent. Right ascension and declination: apparent, equator of date."};
 }
 
+// Between them Pluto keeps within 29 and 50.5 au, as it does in the sky; a century outside it does
+// not, and at the ends of the calendar it is thousands of au away.
+constexpr int kFirstPlutoYear = -3100;
+constexpr int kLastPlutoYear = 3100;
+
 Report PlacesReport(const ZenithorLibrary& library, double julian_day, Format format) {
   Report report;
   report.head = Head(julian_day);
@@ -152,8 +158,11 @@ Report PlacesReport(const ZenithorLibrary& library, double julian_day, Format fo
   } else {
     AddRow(library, julian_day, kMoon, columns, report.tables[0], not_available);
   }
-  for (const std::string& name : not_available) {
-    report.notes.push_back(name + ": not available (the library answered 0.0)");
+  AddNotAvailable(not_available, report);
+  const int year = InstantOf(julian_day).year;
+  if (year < kFirstPlutoYear || year > kLastPlutoYear) {
+    report.notes.push_back(fmt::format("Pluto's series holds no orbit outside the years {} to {}.",
+                                       kFirstPlutoYear, kLastPlutoYear));
   }
   report.notes.push_back(
       "Phase angle and position angle of the Moon's axis are shown in degrees; the fields "
@@ -165,7 +174,7 @@ Report PlacesReport(const ZenithorLibrary& library, double julian_day, Format fo
 }
 
 struct TodayOptions {
-  std::string date;
+  std::optional<double> julian_day;  // nothing: now
   Format format = Format::kText;
 };
 
@@ -175,12 +184,15 @@ void AddTodayCommand(CLI::App& program, Session& session) {
   CLI::App* const command =
       program.add_subcommand("today", "Places of the Sun, the planets, Pluto and the Moon");
   const auto options = std::make_shared<TodayOptions>();
-  command->add_option("--date", options->date,
-                      "2026-11-21, 2026-11-21T06:30:00 or \"jd 2461365.75\"; else now");
+  command
+      ->add_option_function<std::string>(
+          "--date",
+          [options](const std::string& text) { options->julian_day = MomentOf("--date", text); },
+          "2026-11-21, 2026-11-21T06:30:00 or \"jd 2461365.75\"; else now")
+      ->type_name("DATE");
   AddFormatOption(*command, options->format);
   command->callback([&session, options] {
-    const double julian_day =
-        options->date.empty() ? CurrentJulianDay() : ParseMoment(options->date);
+    const double julian_day = options->julian_day.value_or(CurrentJulianDay());
     fmt::print("{}", Render(PlacesReport(session.Library(), julian_day, options->format),
                             options->format));
   });

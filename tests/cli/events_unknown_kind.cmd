@@ -1,1 +1,0 @@
-$ALMANAC events --year 2026 --kind comet
