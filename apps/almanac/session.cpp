@@ -48,6 +48,9 @@ std::string Reason() {
   if (error == ERROR_BAD_EXE_FORMAT) {
     return "it is no library for a 32-bit process";
   }
+  if (error == ERROR_PROC_NOT_FOUND) {
+    return "it does not export ZENITHOR";
+  }
   return error == ERROR_MOD_NOT_FOUND ? "it is not there" : fmt::format("Windows error {}", error);
 }
 
