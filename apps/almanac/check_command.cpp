@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <stdexcept>
 
 #include "commands.h"
 #include "failure.h"
@@ -109,12 +110,28 @@ void Add(const GoldenSummary& part, GoldenSummary& whole) {
   }
 }
 
+// One case after the other, so that one that cannot be read as a call and its answer is named.
+template <class CheckKind>
+void AddEach(CheckKind check, const ZenithorLibrary& library, const std::string& path,
+             const std::vector<GoldenCase>& cases, GoldenSummary& whole) {
+  for (const GoldenCase& golden : cases) {
+    try {
+      Add(check(library, {golden}), whole);
+    } catch (const std::logic_error&) {  // words that are missing or no numbers
+      throw Failure("{}: not a call and its answer: {}", path, CLI::detail::join(golden.call, " "));
+    }
+  }
+}
+
 int Check(const ZenithorLibrary& library, const std::string& path) {
+  if (path.empty()) {
+    throw Failure("check \"\": not a path; write one such as tests/golden/positions.tsv");
+  }
   const std::vector<GoldenCase> cases = testing::GoldenCasesAt(path);
   GoldenSummary summary;
-  Add(CheckPositions(library, CasesOfKind(cases, "P")), summary);
-  Add(CheckEvents(library, CasesOfKind(cases, "SE")), summary);
-  Add(CheckRising(library, CasesOfKind(cases, "R")), summary);
+  AddEach(CheckPositions, library, path, CasesOfKind(cases, "P"), summary);
+  AddEach(CheckEvents, library, path, CasesOfKind(cases, "SE"), summary);
+  AddEach(CheckRising, library, path, CasesOfKind(cases, "R"), summary);
   const std::size_t others = cases.size() - static_cast<std::size_t>(summary.cases);
   if (others > 0) {
     throw Failure("{}: {} of {} lines are of a kind that cannot be checked", path, others,
@@ -136,7 +153,9 @@ void AddCheckCommand(CLI::App& program, Session& session) {
   CLI::App* const command = program.add_subcommand(
       "check", "Compares the library's answers with a file of expected ones");
   const auto path = std::make_shared<std::string>();
-  command->add_option("FILE", *path, "Such as tests/golden/positions.tsv")->required();
+  command->add_option("FILE", *path, "Such as tests/golden/positions.tsv")
+      ->required()
+      ->type_name("");
   command->callback([&session, path] { session.exit_status = Check(session.Library(), *path); });
 }
 

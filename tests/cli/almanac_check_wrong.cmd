@@ -10,4 +10,9 @@ $ALMANAC check half.tsv || true
 : >empty.tsv
 $ALMANAC check empty.tsv || true
 $ALMANAC check absent.tsv || true
-$ALMANAC nonsense
+$ALMANAC check /absent.tsv || true
+echo "P 2451545 a b c d e 1	323" >word.tsv
+$ALMANAC check word.tsv || true
+echo "S SPR_EQUX	0" >short.tsv
+$ALMANAC check short.tsv || true
+$ALMANAC check ""
