@@ -143,6 +143,19 @@ class Scan {
   Tally tally_;
 };
 
+// Of the 14 611 days from 1990 January 1 to 2030 January 1, how many have a rise or a set of the
+// Moon that does not settle, asked for with 1 minute.
+int UnsettledMoonDays(double east_longitude, double latitude) {
+  constexpr double kFirstDay = 10593.0;  // 1990 January 1
+  int unsettled = 0;
+  for (int day = 0; day < 14611; ++day) {
+    const RiseSetResult moon = AnswerEvents(
+        PoseRisingMoon({kFirstDay + day, 1.0, 0.0, -east_longitude, latitude, ZENITHOR_MOON}));
+    unsettled += std::isnan(moon.Rise) || std::isnan(moon.Set) ? 1 : 0;
+  }
+  return unsettled;
+}
+
 }  // namespace
 }  // namespace zenithor
 
@@ -166,5 +179,8 @@ int main(int argc, char** argv) {
   std::printf("  given up after %d steps          %lld\n", zenithor::kGiveUpSteps, tally.given_up);
   std::printf("the Earth, which has no direction      %lld\n", tally.no_direction);
   std::printf("longest processor time of all three    %.1f ms\n", tally.longest_seconds * 1e3);
+  std::printf("days of the Moon, 1990 to 2029, at Tromso and Longyearbyen  %d, %d\n",
+              zenithor::UnsettledMoonDays(18.956, 69.6496),
+              zenithor::UnsettledMoonDays(15.6267, 78.2232));
   return tally.longest_seconds < 1.0 ? 0 : 1;
 }
