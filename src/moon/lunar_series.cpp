@@ -24,7 +24,7 @@ constexpr double kMeanDistanceKm = 385000.56;
 
 // One term: multipliers of D, M, M' and F, the coefficient, and the power of E it is multiplied by.
 struct LunarTerm {
-  double d, m, mprime, f;
+  int d, m, mprime, f;
   double coefficient;
   int e_power;
 };
@@ -98,18 +98,10 @@ template <const auto& terms, std::size_t row>
 double Argument(const LunarSeriesState& state) {
   constexpr LunarTerm term = terms[row];
   double argument = 0.0;
-  if constexpr (term.d != 0.0) {
-    argument += term.d * state.D;
-  }
-  if constexpr (term.m != 0.0) {
-    argument += term.m * state.M;
-  }
-  if constexpr (term.mprime != 0.0) {
-    argument += term.mprime * state.Mprime;
-  }
-  if constexpr (term.f != 0.0) {
-    argument += term.f * state.F;
-  }
+  AddMultiple<term.d>(state.D, argument);
+  AddMultiple<term.m>(state.M, argument);
+  AddMultiple<term.mprime>(state.Mprime, argument);
+  AddMultiple<term.f>(state.F, argument);
   return argument;
 }
 

@@ -24,4 +24,12 @@ double EvaluatePolynomial(const double* coefficients, unsigned degree, double x)
 // x truncated toward zero; values outside the 32-bit range saturate, not-a-number gives 0.
 std::int32_t TruncateToInt32(double x);
 
+// Adds a multiple, known to the compiler, of an angle to a sum of angles; of 0 nothing is left.
+template <int multiplier>
+void AddMultiple(double angle, double& sum) {
+  if constexpr (multiplier != 0) {
+    sum += multiplier * angle;
+  }
+}
+
 }  // namespace zenithor

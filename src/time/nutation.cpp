@@ -22,7 +22,7 @@ constexpr double kMoonElongation[] = {297.8503631, 445267.11148, -0.0019142, 5.2
 // One row of the theory: multipliers of D, M, M', F and Omega; coefficients [arcsec] and their
 // rates [arcsec per Julian century].
 struct NutationTerm {
-  double d, m, mprime, f, omega;
+  int d, m, mprime, f, omega;
   double longitude, longitude_rate;
   double obliquity, obliquity_rate;
 };
@@ -57,21 +57,11 @@ template <const auto& terms, std::size_t row>
 double RowArgument(const Arguments& of) {
   constexpr NutationTerm term = terms[row];
   double argument = 0.0;
-  if constexpr (term.d != 0.0) {
-    argument += term.d * of.d;
-  }
-  if constexpr (term.m != 0.0) {
-    argument += term.m * of.m;
-  }
-  if constexpr (term.mprime != 0.0) {
-    argument += term.mprime * of.mprime;
-  }
-  if constexpr (term.f != 0.0) {
-    argument += term.f * of.f;
-  }
-  if constexpr (term.omega != 0.0) {
-    argument += term.omega * of.omega;
-  }
+  AddMultiple<term.d>(of.d, argument);
+  AddMultiple<term.m>(of.m, argument);
+  AddMultiple<term.mprime>(of.mprime, argument);
+  AddMultiple<term.f>(of.f, argument);
+  AddMultiple<term.omega>(of.omega, argument);
   return argument;
 }
 
