@@ -20,7 +20,18 @@ double Semiduration(double radius, double abs_gamma, double n) {
   return abs_gamma < radius ? std::sqrt(radius * radius - abs_gamma * abs_gamma) / n : 0.0;
 }
 
-LunarEclipse Describe(const EclipseGeometry& at, bool umbral, double magnitude) {
+}  // namespace
+
+LunarEclipse DescribeLunarEclipse(const EclipseGeometry& at) {
+  double magnitude = (kUmbralLimit - at.u - at.abs_gamma) * kMagnitudePerRadius;
+  const bool umbral = !(magnitude < 0.0);
+  if (!umbral) {
+    magnitude = (kPenumbralLimit + at.u - at.abs_gamma) * kMagnitudePerRadius;
+  }
+  // A magnitude of exactly zero does not count.
+  if (!(magnitude > 0.0)) {
+    return {};
+  }
   const double n = (0.5458 + 0.04 * std::cos(at.mprime)) * 24.0;
   LunarEclipse eclipse{true, at.jde, kPenumbralEclipse, magnitude, 0.0, 0.0};
   if (!umbral) {
@@ -34,23 +45,15 @@ LunarEclipse Describe(const EclipseGeometry& at, bool umbral, double magnitude) 
   return eclipse;
 }
 
-}  // namespace
-
 LunarEclipse FindLunarEclipse(double julian_day) {
   double k = FirstLunationAfter(julian_day) + 0.5;
   if (!CanCountFrom(k)) {
     return {};
   }
   for (std::int32_t lunation = 0; lunation < kLongestSearch; ++lunation, k += 1.0) {
-    const EclipseGeometry at = ComputeEclipseGeometry(k);
-    double magnitude = (kUmbralLimit - at.u - at.abs_gamma) * kMagnitudePerRadius;
-    const bool umbral = !(magnitude < 0.0);
-    if (!umbral) {
-      magnitude = (kPenumbralLimit + at.u - at.abs_gamma) * kMagnitudePerRadius;
-    }
-    // A magnitude of exactly zero does not count.
-    if (magnitude > 0.0) {
-      return Describe(at, umbral, magnitude);
+    const LunarEclipse eclipse = DescribeLunarEclipse(ComputeEclipseGeometry(k));
+    if (eclipse.found) {
+      return eclipse;
     }
   }
   return {};

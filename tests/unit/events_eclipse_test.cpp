@@ -112,6 +112,56 @@ TEST(LunarEclipse, MagnitudesAreAboveZeroAndKindsAgreeWithThem) {
   }
 }
 
+TEST(LunarEclipse, KindsAtTheirLimits) {
+  constexpr std::int32_t none = 0;
+  struct Row {
+    double u;
+    double abs_gamma;
+    std::int32_t kind;
+  };
+  const auto above = [](double x) { return std::nextafter(x, 2.0); };
+  const auto below = [](double x) { return std::nextafter(x, 0.0); };
+  for (const Row& row : {
+           Row{0.0, 0.0, kTotalEclipse},
+           Row{0.0, below(0.4678), kTotalEclipse},
+           Row{0.0, 0.4678, kPartialEclipse},
+           Row{0.0, below(1.0128), kPartialEclipse},
+           // In the penumbra all the same, but the magnitude in the umbra is exactly zero.
+           Row{0.0, 1.0128, none},
+           Row{0.0, above(1.0128), kPenumbralEclipse},
+           Row{0.0, below(1.5573), kPenumbralEclipse},
+           Row{0.0, 1.5573, none},
+           Row{0.0, above(1.5573), none},
+           // The umbra narrows by u, the penumbra widens.
+           Row{0.01, 0.4577, kTotalEclipse},
+           Row{0.01, 0.4579, kPartialEclipse},
+           Row{0.01, 1.0027, kPartialEclipse},
+           Row{0.01, 1.0029, kPenumbralEclipse},
+           Row{0.01, 1.5672, kPenumbralEclipse},
+           Row{0.01, 1.5674, none},
+           Row{-0.01, 0.4777, kTotalEclipse},
+           Row{-0.01, 1.5474, none},
+           Row{0.0, std::numeric_limits<double>::quiet_NaN(), none},
+       }) {
+    const LunarEclipse eclipse = DescribeLunarEclipse({2451545.0, row.u, row.abs_gamma, 0.0});
+    EXPECT_EQ(eclipse.kind, row.kind) << row.u << " " << row.abs_gamma;
+    EXPECT_EQ(eclipse.found, row.kind != none) << row.u << " " << row.abs_gamma;
+    EXPECT_EQ(eclipse.totality_semiduration > 0.0, row.kind == kTotalEclipse) << row.abs_gamma;
+  }
+}
+
+TEST(LunarEclipse, LastsLongestWhereTheMoonIsFarAndSlow) {
+  // Through the middle of the shadow, by Meeus's chapter 54: the radius of the shadow over
+  // 0.5458 + 0.04 cos M' Earth radii per hour.
+  const LunarEclipse near = DescribeLunarEclipse({2451545.0, 0.0, 0.0, 0.0});
+  EXPECT_NEAR(near.totality_semiduration * 24.0, 0.4678 / 0.5858, 1e-12);
+  EXPECT_NEAR(near.outer_semiduration * 24.0, 1.0128 / 0.5858, 1e-12);
+  const LunarEclipse far = DescribeLunarEclipse({2451545.0, 0.0, 0.0, 3.141592653589793});
+  EXPECT_NEAR(far.totality_semiduration * 24.0, 0.4678 / 0.5058, 1e-12);
+  EXPECT_NEAR(far.outer_semiduration * 24.0, 1.0128 / 0.5058, 1e-12);
+  EXPECT_NEAR(far.magnitude, 1.0128 / 0.545, 1e-12);
+}
+
 TEST(EclipseCore, ALunationTooFarFromANodeHasNoEclipse) {
   // The two numbers next to each other between which |sin F| passes 0.36: lunations near 0.2.
   double eclipse_side = 0.0;
