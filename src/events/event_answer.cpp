@@ -19,7 +19,7 @@ struct FoundEvent {
 };
 
 // Kept on purpose: the season of the calendar year that the day lies in, also where it is over, up
-// to 287 days past from 1900 to 2100, 297 in 1580.
+// to 287.4 days past from 1900 to 2100, 296.5 in 1580.
 FoundEvent FindSeason(double julian_day, std::int32_t selector) {
   const std::int32_t year = JulianDayToCalendar(julian_day).Year;
   return {true, SeasonInstant(year, selector), selector};

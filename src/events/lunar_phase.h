@@ -26,9 +26,9 @@ double MeanPhase(double k, double centuries);
 double PhaseLunation(double julian_day, std::int32_t phase);
 
 // Julian Ephemeris Day of the phase of that lunation: mean phase, 25 periodic terms, the correction
-// of the quarters and 14 planetary terms. About 2000 within 1.5 minutes of the book for full moons,
-// 0.6 for the others; minutes a thousand years away (docs/deliberate.md has what makes the
-// difference).
+// of the quarters and 14 planetary terms. Against the book's second edition up to 98 s apart for
+// full moons and 30 s for the other phases from 1900 to 2100, 5 minutes from 1000 to 3000, 40
+// minutes in -1000 (docs/deliberate.md has what makes the difference).
 //   phase   0 to 3 as above; anything else is computed as a quarter without the quarters'
 //           correction, a quarter lunation later for each unit
 // Source: Meeus, Astronomical Algorithms, chapter 49 (first edition: 47).

@@ -45,6 +45,16 @@ struct PutBack {
   bool powers_of_e = false;
   bool planetary_coefficients = false;
   bool square_on_a1 = false;
+  bool second_edition = false;  // of the mean phase and the angles
+};
+
+// Mean phase, M, M', F and Omega as the book's second edition has them: 1, k, T^2, T^3, T^4.
+constexpr long double kSecondEdition[5][5] = {
+    {2451550.09766L, 29.530588861L, 0.00015437L, -0.000000150L, 0.00000000073L},
+    {2.5534L, 29.10535670L, -0.0000014L, -0.00000011L, 0.0L},
+    {201.5643L, 385.81693528L, 0.0107582L, 0.00001238L, -0.000000058L},
+    {160.7108L, 390.67050284L, -0.0016118L, -0.00000227L, 0.000000011L},
+    {124.7746L, -1.56375588L, 0.0020672L, 0.00000215L, 0.0L},
 };
 
 long double NaivePhase(double lunation, std::int32_t phase, const PutBack& book) {
@@ -60,6 +70,10 @@ long double NaivePhase(double lunation, std::int32_t phase, const PutBack& book)
     const long double cubic = row == 0 && book.cubic_of_mean_phase ? -r.at(3) : r.at(3);
     element[row] =
         r.at(0) + r.at(1) * k + r.at(2) * t * t + cubic * t * t * t + r.at(4) * t * t * t * t;
+    if (book.second_edition) {
+      const long double(&s)[5] = kSecondEdition[row];
+      element[row] = s[0] + s[1] * k + t * t * (s[2] + t * (s[3] + t * s[4]));
+    }
   }
   const long double m = element[1] * degree;
   const long double mprime = element[2] * degree;
@@ -151,6 +165,19 @@ TEST(PhaseInstant, WithTheBooksCoefficientsTheExamplesAreMetToTheirLastDigit) {
   const PutBack all{true, true, true, true, true};
   EXPECT_NEAR(static_cast<double>(NaivePhase(-283.0, kNewMoon, all)), 2443192.65117, 0.00001);
   EXPECT_NEAR(static_cast<double>(NaivePhase(544.75, kLastQuarter, all)), 2467636.49185, 0.00001);
+}
+
+TEST(PhaseInstant, StaysAsNearToTheSecondEditionAsItsDescriptionSays) {
+  const PutBack all{true, true, true, true, true, true};
+  EXPECT_NEAR(static_cast<double>(NaivePhase(-283.0, kNewMoon, all)), 2443192.65118, 0.00001);
+  EXPECT_NEAR(static_cast<double>(NaivePhase(544.75, kLastQuarter, all)), 2467636.49186, 0.00001);
+  for (const std::int32_t phase : {kNewMoon, kFirstQuarter, kFullMoon, kLastQuarter}) {
+    const bool full = phase == kFullMoon;
+    // The years 1900 to 2100, 1000 to 3000, and twenty about -1000.
+    EXPECT_NEAR(FarthestSeconds(phase, all, -1237.0, 1236.0, 1.0), full ? 98.0 : 29.2, 0.3);
+    EXPECT_NEAR(FarthestSeconds(phase, all, -12369.0, 12368.0, 1.0), full ? 287.1 : 226.1, 0.5);
+    EXPECT_NEAR(FarthestSeconds(phase, all, -37230.0, -36982.0, 1.0), full ? 2379.0 : 2329.0, 3.0);
+  }
 }
 
 TEST(PhaseInstant, KeptOnPurposeTheMeanPhaseIsThatOfTheFirstEdition) {

@@ -162,6 +162,12 @@ TEST(SeasonExports, KeptOnPurposeTheLastOfDecemberGivesTheSeasonsOfThatYear) {
   EventRecord record;
   EXPECT_EQ(AnswerEvent(0, new_years_eve + 0.999, 0, &record), SeasonInstant(2000, 0));
   EXPECT_EQ(AnswerEvent(0, new_years_eve + 1.0, 0, &record), SeasonInstant(2001, 0));
+  // The last moments of 2096 and of 1580, the years from 1900 to 2100 and from -2000 to 4000 in
+  // which the March equinox is then longest over.
+  const double end_of_2096 = 2486974.5 - 0.001;
+  const double end_of_1580 = 2298518.5 - 0.001;
+  EXPECT_NEAR(end_of_2096 - AnswerEvent(0, end_of_2096, 0, &record), 287.41, 0.005);
+  EXPECT_NEAR(end_of_1580 - AnswerEvent(0, end_of_1580, 0, &record), 296.48, 0.005);
 }
 
 }  // namespace
