@@ -272,11 +272,11 @@ enum { ZENITHOR_RISE = 1, ZENITHOR_TRANSIT = 2, ZENITHOR_SET = 3 };
  *   Body               a BodyCode, 0 to 10
  *   Selector           ZENITHOR_RISE, ZENITHOR_TRANSIT or ZENITHOR_SET
  * The day is the one that holds DayNumber plus Minutes, and begins at 0h zone time. Returns
- *   minutes after the day's start [min], good to about a minute (Jupiter and Pluto to two, and the
- *       Moon once a month to an hour and a half: docs/deliberate.md). Rise and set are brought into
- *       0 to 1440 by one whole day at most; the transit is not and can lie up to half a day
- *       outside. A rise or set that still lies outside, which a body that grazes the horizon can
- *       get, is no event of that day;
+ *   minutes after the day's start [min], up to latitude 50 good to about a minute (but Pluto to two
+ *       in 2026 and to 19 in 1736, and the Moon's rise and set once a month to an hour and a half:
+ *       docs/deliberate.md). Rise and set are brought into 0 to 1440 by one whole day at most; the
+ *       transit is not and can lie up to half a day outside. A rise or set that still lies outside,
+ *       which a body that grazes the horizon can get, is no event of that day;
  *   ZENITHOR_ALWAYS_UP or ZENITHOR_NEVER_UP;
  *   not-a-number when the time does not settle (a body that grazes the horizon, above about 60
  *       degrees of latitude; the other two times of that day are answered), when an argument is not
