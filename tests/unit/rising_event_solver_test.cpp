@@ -66,6 +66,37 @@ TEST(EventSolver, RiseOfTheMoonAtTromsoDoesNotSettle) {
   EXPECT_TRUE(std::isfinite(result.Set));
 }
 
+// Where the body stands at the fraction m of the day, by the formulas of the book [rad].
+class Sky {
+ public:
+  explicit Sky(const EventProblem& problem)
+      : p_(problem),
+        theta0_(ReduceAngle(SiderealTimeFromDays(p_.day_start_days, p_.day_start_centuries))),
+        alpha_{p_.alpha.middle + ReduceAngleSigned(p_.alpha.before - p_.alpha.middle),
+               p_.alpha.middle,
+               p_.alpha.middle + ReduceAngleSigned(p_.alpha.after - p_.alpha.middle)} {}
+
+  double SiderealTimeAtStart() const { return theta0_; }
+
+  double HourAngle(double m) const {
+    const double theta = theta0_ + 6.300388092591991 * m;
+    return ReduceAngleSigned(theta - p_.longitude - Interpolate(alpha_, m + p_.delta_t / 86400.0));
+  }
+
+  double Declination(double m) const { return Interpolate(p_.delta, m + p_.delta_t / 86400.0); }
+
+  double Altitude(double m) const {
+    const double delta = Declination(m);
+    return std::asin(std::sin(p_.latitude) * std::sin(delta) +
+                     std::cos(p_.latitude) * std::cos(delta) * std::cos(HourAngle(m)));
+  }
+
+ private:
+  const EventProblem& p_;
+  const double theta0_;
+  const ThreeValues alpha_;
+};
+
 // The three times by the plain loops of the book with this library's correction, ended by nothing
 // but a small correction (`limit` keeps the test itself from hanging).
 struct BareTimes {
@@ -86,34 +117,24 @@ enum class CorrectionFactor { kCosineOfAltitude, kNone };
 
 BareTimes SolveBare(const EventProblem& p, int limit,
                     CorrectionFactor factor = CorrectionFactor::kCosineOfAltitude) {
-  const double a1 = p.alpha.middle + ReduceAngleSigned(p.alpha.before - p.alpha.middle);
-  const double a2 = p.alpha.middle;
-  const double a3 = p.alpha.middle + ReduceAngleSigned(p.alpha.after - p.alpha.middle);
+  const Sky sky(p);
   const double phi = p.latitude;
-  const double theta0 = ReduceAngle(SiderealTimeFromDays(p.day_start_days, p.day_start_centuries));
   const double cos_h0 = (std::sin(p.h0) - std::sin(phi) * std::sin(p.delta.middle)) /
                         (std::cos(phi) * std::cos(p.delta.middle));
-  double m0 = (a2 + p.longitude - theta0) / kTwoPi;
+  double m0 = (p.alpha.middle + p.longitude - sky.SiderealTimeAtStart()) / kTwoPi;
   m0 = m0 < 0.0 ? m0 + 1.0 : m0;
   double m1 = m0 - std::acos(cos_h0) / kTwoPi;
   double m2 = m0 + std::acos(cos_h0) / kTwoPi;
   m1 = m1 < 0.0 ? m1 + 1.0 : m1;
   m2 = m2 > 1.0 ? m2 - 1.0 : m2;
-  const auto hour_angle = [&](double m) {
-    const double theta = theta0 + 6.300388092591991 * m;
-    const double alpha = Interpolate({a1, a2, a3}, m + p.delta_t / 86400.0);
-    return ReduceAngleSigned(theta - p.longitude - alpha);
-  };
   const auto altitude_correction = [&](double m) {
-    const double hour = hour_angle(m);
-    const double delta = Interpolate(p.delta, m + p.delta_t / 86400.0);
-    const double h = std::asin(std::sin(phi) * std::sin(delta) +
-                               std::cos(phi) * std::cos(delta) * std::cos(hour));
+    const double h = sky.Altitude(m);
     const double off = factor == CorrectionFactor::kNone ? h - p.h0 : std::cos(h) * (h - p.h0);
-    return off / (kTwoPi * std::cos(delta) * std::cos(phi) * std::sin(hour));
+    return off /
+           (kTwoPi * std::cos(sky.Declination(m)) * std::cos(phi) * std::sin(sky.HourAngle(m)));
   };
   m0 = BareLoop(
-      m0, [&](double m) { return -hour_angle(m) / kTwoPi; }, limit);
+      m0, [&](double m) { return -sky.HourAngle(m) / kTwoPi; }, limit);
   m1 = BareLoop(m1, altitude_correction, limit);
   m2 = BareLoop(m2, altitude_correction, limit);
   const auto into_day = [](double m) { return m < 0.0 ? m + 1.0 : (m > 1.0 ? m - 1.0 : m); };
@@ -287,18 +308,7 @@ TEST(EventSolver, KeptOnPurposeATimeOutsideTheDayIsShiftedByWholeDays) {
     const EventTimes times = SolveEvents(problem);
     ASSERT_GE(times.rise, 0.0);
     ASSERT_LE(times.rise, kTwoPi);
-    const double theta0 = SiderealTimeFromDays(problem.day_start_days, problem.day_start_centuries);
-    const double m = times.rise / kTwoPi;
-    const ThreeValues alpha{
-        problem.alpha.middle + ReduceAngleSigned(problem.alpha.before - problem.alpha.middle),
-        problem.alpha.middle,
-        problem.alpha.middle + ReduceAngleSigned(problem.alpha.after - problem.alpha.middle)};
-    const double n = m + problem.delta_t / 86400.0;
-    const double hour = theta0 + 6.300388092591991 * m - Interpolate(alpha, n);
-    const double delta = Interpolate(problem.delta, n);
-    const double h = std::asin(std::sin(problem.latitude) * std::sin(delta) +
-                               std::cos(problem.latitude) * std::cos(delta) * std::cos(hour));
-    const double off = std::fabs(h - problem.h0);
+    const double off = std::fabs(Sky(problem).Altitude(times.rise / kTwoPi) - problem.h0);
     if (off > 2.0 * kRadiansPerDegree) {
       ++shifted;
     }

@@ -83,6 +83,8 @@ def lunar_distance_terms():
 def lunar_latitude_terms():
     return lunar_series("data/lunar/table-47b.csv", "latitude_sin_1e-6_degree", -6,
                         "latitude, sines")
+
+
 def delta_t_terms():
     out = [r["delta_t"] + "," for r in rows_of("data/rising/delta-t.csv")]
     return table("Delta T from 1620 to 1992, one value per two years [0.1 s]", out)
