@@ -72,7 +72,7 @@ MoonPhysicalEphemeris ComputeMoonPhysicalEphemeris(double centuries, const Lunar
       std::asin(std::sqrt(x * x + y * y) * std::cos(place.alpha - omega) / cos_beta);
 
   // The illumination.
-  // Kept on purpose: the Moon's longitude with nutation against the Sun's without; up to 20" in
+  // Kept on purpose: the Moon's longitude with nutation against the Sun's without; up to 19" in
   // the phase angle.
   const double elongation = std::acos(std::cos(apparent_lambda - sun.longitude) * cos_beta);
   const auto moon_distance = static_cast<double>(moon.distance_km * kAuPerKm);

@@ -13,6 +13,7 @@
 #include "time/constants.h"
 #include "time/julian_day.h"
 #include "time/nutation.h"
+#include "time/parallax.h"
 
 namespace zenithor {
 namespace {
@@ -99,17 +100,38 @@ TEST(MoonDriver, KeptOnPurposeTheObserverChangesNoField) {
   }
 }
 
+// 1912 January 4, the Moon nearest in two centuries, 356 380 km away; and it stands a quarter turn
+// from the meridian of an observer on the equator.
+TEST(MoonDriver, KeptOnPurposeThePlaceIsThatSeenFromTheEarthsCentre) {
+  const double day = 2419406.05;
+  const BodyPositionRecord record = MoonAt(day);
+  const double t = JulianCenturies(day);
+  const double lambda = ComputeLunarPosition(t).lambda + Nutation(t).dpsi;
+  EXPECT_NEAR(record.GeoLongitude, lambda * kDegreesPerRadian, 1e-12);
+
+  const double alpha = record.RightAscension / kHoursPerRadian;
+  const double delta = record.Declination * kRadiansPerDegree;
+  double seen_alpha = alpha;
+  double seen_delta = delta;
+  double distance = record.GeoDistance;
+  ParallaxRectangular(6378.14 / record.GeoDistance, alpha + kPi / 2.0,
+                      ObserverGeocentricTerms(0.0, 0.0), seen_alpha, seen_delta, distance);
+  const double cos_moved = std::sin(delta) * std::sin(seen_delta) +
+                           std::cos(delta) * std::cos(seen_delta) * std::cos(seen_alpha - alpha);
+  EXPECT_NEAR(std::acos(cos_moved) * kDegreesPerRadian * 60.0, 61.5, 0.05);
+}
+
 // Crossings of 0 degrees between 1903 and 2001 during which the nutation in longitude is negative;
-// the series longitude is above 0 by half of it, 0.02" to 9".
+// the series longitude is above 0 by half of it, 0.02" to 9". At the last, in 1945, it is 0 and the
+// nutation nearly as large as it becomes.
 TEST(MoonDriver, KeptOnPurposeLongitudeJustBelowZeroIsNotWrapped) {
   const struct {
     double julian_day;
     double degrees;
   } moments[] = {
-      {2416447.9040174484253, -0.000004535},
-      {2416557.0504760742188, -0.000057376},
-      {2416611.6600847244263, -0.000382449},
-      {2452211.5941467285156, -0.002582397},
+      {2416447.9040174484253, -0.000004535}, {2416557.0504760742188, -0.000057376},
+      {2416611.6600847244263, -0.000382449}, {2452211.5941467285156, -0.002582397},
+      {2431775.3501119716000, -0.005169174},
   };
   for (const auto& moment : moments) {
     const double lambda = ComputeLunarPosition(JulianCenturies(moment.julian_day)).lambda;

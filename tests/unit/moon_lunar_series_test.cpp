@@ -103,10 +103,24 @@ TEST(LunarSeries, AgreesWithALongDoubleSumOverThePublishedTables) {
   }
 }
 
-// The whole position from long double: tables, additive terms as printed (the pair in A1 and F as
-// two sines), mean longitude of the first version with a positive quartic. Sines of arguments near
-// 1e5 radians (A2, A3 at 20 centuries) keep 1e-11, the mean longitude 2e-9 degree; five times that
-// is allowed.
+// The additive terms as printed [deg], the pair in A1 and F as two sines.
+double AddedLongitude(double t, double lprime, double f) {
+  const double a1 = (119.75 + 131.849 * t) * kRadiansPerDegree;
+  const double a2 = (53.09 + 479264.290 * t) * kRadiansPerDegree;
+  return 3958e-6 * std::sin(a1) + 1962e-6 * std::sin(lprime - f) + 318e-6 * std::sin(a2);
+}
+
+double AddedLatitude(double t, double lprime, double mprime, double f) {
+  const double a1 = (119.75 + 131.849 * t) * kRadiansPerDegree;
+  const double a3 = (313.45 + 481266.484 * t) * kRadiansPerDegree;
+  return -2235e-6 * std::sin(lprime) + 382e-6 * std::sin(a3) + 175e-6 * std::sin(a1 - f) +
+         175e-6 * std::sin(a1 + f) + 127e-6 * std::sin(lprime - mprime) -
+         115e-6 * std::sin(lprime + mprime);
+}
+
+// The whole position from long double: tables, additive terms as printed, mean longitude of the
+// first version with a positive quartic. Sines of arguments near 1e5 radians (A2, A3 at 20
+// centuries) keep 1e-11, the mean longitude 2e-9 degree; five times that is allowed.
 TEST(LunarSeries, KeptOnPurposeMeanLongitudeQuarticIsPositive) {
   const auto longitude = Table("data/lunar/table-47a.csv", 4, 1e-6L);
   const auto distance = Table("data/lunar/table-47a.csv", 5, 1e-3L);
@@ -119,22 +133,13 @@ TEST(LunarSeries, KeptOnPurposeMeanLongitudeQuarticIsPositive) {
     const double cubic = ((1.855835e-06 * t - 0.0013268) * t + 481267.88134236) * t + 218.3164591;
     const double lprime_degrees = cubic + t * t * t * t / 65194000.0;
     const double lprime = std::fmod(lprime_degrees, 360.0) * kRadiansPerDegree;
-    const double a1 = (119.75 + 131.849 * t) * kRadiansPerDegree;
-    const double a2 = (53.09 + 479264.290 * t) * kRadiansPerDegree;
-    const double a3 = (313.45 + 481266.484 * t) * kRadiansPerDegree;
-    const double added_longitude =
-        3958e-6 * std::sin(a1) + 1962e-6 * std::sin(lprime - a.F) + 318e-6 * std::sin(a2);
-    const double added_latitude = -2235e-6 * std::sin(lprime) + 382e-6 * std::sin(a3) +
-                                  175e-6 * std::sin(a1 - a.F) + 175e-6 * std::sin(a1 + a.F) +
-                                  127e-6 * std::sin(lprime - a.Mprime) -
-                                  115e-6 * std::sin(lprime + a.Mprime);
-
     const LunarPosition moon = ComputeLunarPosition(t);
-    const double expected = lprime_degrees + NaiveSum(longitude, state, sine) + added_longitude;
+    const double expected =
+        lprime_degrees + NaiveSum(longitude, state, sine) + AddedLongitude(t, lprime, a.F);
     ASSERT_NEAR(std::remainder(moon.lambda * kDegreesPerRadian - expected, 360.0), 0.0, 1e-8) << t;
-    ASSERT_NEAR(moon.beta * kDegreesPerRadian, NaiveSum(latitude, state, sine) + added_latitude,
-                1e-8)
-        << t;
+    const double expected_latitude =
+        NaiveSum(latitude, state, sine) + AddedLatitude(t, lprime, a.Mprime, a.F);
+    ASSERT_NEAR(moon.beta * kDegreesPerRadian, expected_latitude, 1e-8) << t;
     ASSERT_NEAR(moon.distance_km, 385000.56 + NaiveSum(distance, state, cosine), 2e-9) << t;
   }
 }
@@ -171,38 +176,91 @@ TEST(LunarSeries, LongitudeStaysWithinEightDegreesOfOneTurn) {
   EXPECT_GT(furthest * kDegreesPerRadian, 7.0);
 }
 
-// The published polynomials differ in the signs of five small coefficients and in the size of one.
-// Across a fortnight about each moment, the largest difference in longitude.
-TEST(LunarSeries, KeptOnPurposeLongitudeDepartsFarFromJ2000) {
-  const auto largest = [](double centre) {
-    double seconds = 0.0;
-    for (int k = -200; k <= 200; ++k) {
-      const double t = centre + k * 2e-6;
-      const LunarArguments a = ComputeLunarArguments(t);
-      const double t4 = t * t * t * t;
-      const double lprime = MeanLongitudeDegrees(JulianDayFromCenturies(t)) * kRadiansPerDegree;
-      const auto published = [&](double angle, double correction) {
-        return angle - correction * kRadiansPerDegree;
-      };
-      const LunarSeriesState state{published(a.D, (8.84447e-06 + 1.0 / 113065000.0) * t4),
-                                   a.M,
-                                   published(a.Mprime, 2.0 * t4 / 14712000.0),
-                                   published(a.F, 2.0 * t * t * t / 3526000.0),
-                                   a.E,
-                                   a.E * a.E};
-      const double theirs = published(lprime, 2.0 * t4 / 65194000.0) +
-                            SumLunarLongitudeTerms(state) * kRadiansPerDegree;
-      const LunarSeriesState own{a.D, a.M, a.Mprime, a.F, a.E, a.E * a.E};
-      const double ours = lprime + SumLunarLongitudeTerms(own) * kRadiansPerDegree;
-      seconds = std::fmax(
-          seconds, std::fabs(std::remainder(ours - theirs, kTwoPi)) * kDegreesPerRadian * 3600.0);
-    }
-    return seconds;
+// The arguments of the theory [deg], rising powers of T.
+struct Arguments {
+  double lprime[5], d[5], m[5], mprime[5], f[5];
+};
+
+// As published in the theory's first version.
+constexpr Arguments kFirstVersion = {
+    {218.3164591, 481267.88134236, -0.0013268, 1.0 / 538841.0, -1.0 / 65194000.0},
+    {297.8502042, 445267.1115168, -0.00163, 1.0 / 545868.0, -1.0 / 113065000.0},
+    {357.5291092, 35999.0502909, -0.0001536, 1.0 / 24490000.0, 0.0},
+    {134.9634114, 477198.8676313, 0.008997, 1.0 / 69699.0, -1.0 / 14712000.0},
+    {93.2720993, 483202.0175273, -0.0034029, -1.0 / 3526000.0, 1.0 / 863310000.0}};
+
+// The second version, Meeus, Astronomical Algorithms, second edition, formulas 47.1 to 47.5, up to
+// T^2; the higher powers are those of this library, so that the version alone makes the difference.
+constexpr Arguments kSecondVersion = {
+    {218.3164477, 481267.88123421, -0.0015786, 1.855835e-06, 1.53388e-08},
+    {297.8501921, 445267.1114034, -0.0018819, 1.831945e-06, 8.84447e-06},
+    {357.5291092, 35999.0502909, -0.0001536, 4.083299e-08, 0.0},
+    {134.9633964, 477198.8675055, 0.0087414, 1.434741e-05, 6.79717e-08},
+    {93.2720950, 483202.0175233, -0.0036539, 2.836075e-07, 1.15833e-09}};
+
+LunarPosition PositionFrom(const Arguments& arguments, double t) {
+  const auto value = [t](const double(&coefficients)[5]) {
+    return ReduceAngle(EvaluatePolynomial(coefficients, 4, t) * kRadiansPerDegree);
   };
-  EXPECT_LT(largest(1.0), 0.003);
-  EXPECT_NEAR(largest(5.0), 1.6, 0.3);
-  EXPECT_NEAR(largest(-10.0), 26.0, 5.0);
-  EXPECT_NEAR(largest(20.0), 415.0, 80.0);
+  const double e = ComputeLunarArguments(t).E;
+  const LunarSeriesState state{value(arguments.d),
+                               value(arguments.m),
+                               value(arguments.mprime),
+                               value(arguments.f),
+                               e,
+                               e * e};
+  const double lprime = value(arguments.lprime);
+  const double longitude = SumLunarLongitudeTerms(state) + AddedLongitude(t, lprime, state.F);
+  const double latitude =
+      SumLunarLatitudeTerms(state) + AddedLatitude(t, lprime, state.Mprime, state.F);
+  return {lprime + longitude * kRadiansPerDegree, latitude * kRadiansPerDegree,
+          385000.56 + SumLunarDistanceTerms(state)};
+}
+
+struct Difference {
+  double seconds;     // of longitude
+  double kilometres;  // of distance
+};
+
+// The largest of the four years about a moment.
+Difference LargestDifference(const Arguments& arguments, double centre) {
+  Difference largest{0.0, 0.0};
+  for (int k = -2000; k <= 2000; ++k) {
+    const double t = centre + k * 1e-5;
+    const LunarPosition ours = ComputeLunarPosition(t);
+    const LunarPosition theirs = PositionFrom(arguments, t);
+    const double longitude = std::remainder(ours.lambda - theirs.lambda, kTwoPi);
+    largest.seconds = std::fmax(largest.seconds, std::fabs(longitude) * kDegreesPerRadian * 3600.0);
+    largest.kilometres =
+        std::fmax(largest.kilometres, std::fabs(ours.distance_km - theirs.distance_km));
+  }
+  return largest;
+}
+
+// Five small coefficients have another sign than the published ones, and one another size.
+TEST(LunarSeries, KeptOnPurposePlaceDepartsFarFromJ2000) {
+  const struct {
+    double centuries;
+    double seconds, kilometres;
+    double allowed;  // of either, relative: what differs between before and after J2000.0
+  } moments[] = {
+      {0.0, 0.0, 0.0, 0.0},       {1.0, 0.00275, 0.0022, 0.05}, {5.0, 1.615, 1.33, 0.01},
+      {10.0, 26.26, 21.33, 0.01}, {20.0, 419.0, 342.0, 0.01},   {40.0, 6558.0, 5300.0, 0.01},
+  };
+  for (const auto& moment : moments) {
+    for (const double t : {-moment.centuries, moment.centuries}) {
+      const Difference largest = LargestDifference(kFirstVersion, t);
+      EXPECT_NEAR(largest.seconds, moment.seconds, moment.seconds * moment.allowed + 1e-6) << t;
+      EXPECT_NEAR(largest.kilometres, moment.kilometres, moment.kilometres * moment.allowed + 1e-6)
+          << t;
+    }
+  }
+}
+
+TEST(LunarSeries, KeptOnPurposeArgumentsAreThoseOfTheFirstVersion) {
+  EXPECT_NEAR(LargestDifference(kSecondVersion, 0.0).seconds, 0.06, 0.005);
+  EXPECT_NEAR(LargestDifference(kSecondVersion, 1.0).seconds, 1.6, 0.05);
+  EXPECT_NEAR(LargestDifference(kSecondVersion, 5.0).seconds, 29.0, 0.2);
 }
 
 TEST(LunarSeries, LiftingEqualsTurnByTurnAddition) {
