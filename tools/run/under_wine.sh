@@ -20,4 +20,13 @@ if [ ! -f "$WINEPREFIX/.ready" ]; then
     fi
   ) 9>"$WINEPREFIX.lock"
 fi
+# A server that closes down for lack of programs refuses one that starts meanwhile, so it stays for a
+# minute. Its own processes stay as long, so they are started here, where they get neither the
+# program's output, whose reader would wait for them, nor a lock that a caller holds.
+(
+  flock 8
+  if wineserver -p60 8>&- 9>&-; then
+    wine cmd /c exit 8>&- 9>&-
+  fi
+) </dev/null >/dev/null 2>&1 8>"$WINEPREFIX.start.lock" || true
 exec wine "$@"

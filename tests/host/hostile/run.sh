@@ -22,7 +22,7 @@ case $program in
     mkdir -p "$ZENITHOR_WINEPREFIX"
     (
       flock 9
-      [ -d "$ZENITHOR_WINEPREFIX/drive_c/users" ] || "$run" cmd /c exit
+      [ -d "$ZENITHOR_WINEPREFIX/drive_c/users" ] || "$run" cmd /c exit 9>&-
       for roaming in "$ZENITHOR_WINEPREFIX"/drive_c/users/*/AppData/Roaming; do
         mkdir -p "$roaming/tavvin_files/archive"
         cp -u "$archive"/karvo.* "$roaming/tavvin_files/archive/"
