@@ -13,11 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "entry/position_export.h"
-#include "entry/rising_export.h"
-#include "entry/thread_state.h"
 #include "ephemeris/loader.h"
 #include "ephemeris/series.h"
+#include "positions/position.h"
+#include "rising/rising.h"
 #include "timing.h"
 #include "zenithor/zenithor.h"
 
@@ -50,13 +49,15 @@ bool Load(EphemerisStore& store, const std::string& folder) {
 
 // The same terms, walked plainly.
 EphemerisStore Plain(EphemerisStore store) {
-  store.tracks.fill({});
+  for (BodySeries& body : store.bodies) {
+    body.tracks = {};
+  }
   return store;
 }
 
 // The state of a thread that has kept nothing of a moment.
-ThreadState& NothingKept() {
-  static ThreadState state;
+PositionState& NothingKept() {
+  static PositionState state;
   state.moment = MomentCache{};
   return state;
 }
@@ -76,7 +77,7 @@ struct Bench {
   Contestant Baseline(BodyCode code) const {
     return [this, code](int call) {
       BodyPositionRecord record;
-      AnswerPositionFrom(plain, NothingKept(), JulianDay(call), 10.0, 50.0, code, &record);
+      ComputePosition(plain, NothingKept(), JulianDay(call), 10.0, 50.0, code, &record);
       sink = record.RightAscension;
     };
   }
@@ -134,11 +135,11 @@ void TimePositions(const Bench& bench) {
 }
 
 // What every export pays once for the set that its thread keeps.
-void TimeThreadState() {
+void TimePositionState() {
   constexpr int kLookups = 100;
   const std::vector<double> times = TimeInTurn({[](int) {
     for (int k = 0; k < kLookups; ++k) {
-      sink = FindThreadState()->moment.nutation_centuries;
+      sink = FindPositionState()->moment.nutation_centuries;
     }
   }});
   std::printf("the thread's own set: %.1f nanoseconds a lookup, one for each export\n\n",
@@ -168,8 +169,8 @@ void TimeRising(const Bench& bench) {
   for (const BodyCode code : {0, 4, 5, 9, 10}) {
     const std::vector<double> times = TimeInTurn(
         {[&](int call) {
-           sink = AnswerRisingFrom(bench.plain, NothingKept(), day(call), 0.0, 0.0, -10.0, 45.0,
-                                   code, ZENITHOR_RISE);
+           sink = ComputeRising(bench.plain, NothingKept().moment,
+                                {day(call), 0.0, 0.0, -10.0, 45.0, code}, ZENITHOR_RISE);
          },
          [&](int call) {
            sink = bench.library.GEO_RISE(day(call), 0.0, 0.0, -10.0, 45.0, code, ZENITHOR_RISE);
@@ -184,14 +185,14 @@ void TimeTerms(const EphemerisStore& store, const char* data_set) {
   const EphemerisStore plain = Plain(store);
   for (int slot = 0; slot < kSlotCount; ++slot) {
     const auto s = static_cast<std::size_t>(slot);
-    const int terms = store.term_count[s];
-    const std::vector<double> times =
-        TimeInTurn({[&](int call) { sink = SumSeries(plain, slot, Centuries(call)).radius; },
-                    [&](int call) { sink = SumSeries(store, slot, Centuries(call)).radius; }});
+    const int terms = store.bodies[s].term_count;
+    const std::vector<double> times = TimeInTurn(
+        {[&](int call) { sink = SumStoredSeries(plain, slot, Centuries(call)).radius; },
+         [&](int call) { sink = SumStoredSeries(store, slot, Centuries(call)).radius; }});
     const double scale = 1000.0 / terms;
     std::printf("%-28s %10.2f %10.2f %8.1f %8d %8d\n", slot == 0 ? "Earth J2000.0" : kNames[slot],
                 times[0] * scale, times[1] * scale, times[0] / times[1], terms,
-                store.tracks[s].frequency_count);
+                store.bodies[s].tracks.frequency_count);
   }
 }
 
@@ -231,7 +232,7 @@ int Main(int argc, char** argv) {
   bench.plain = Plain(bench.store);
   std::printf("%d-bit, %s\n\n", static_cast<int>(8 * sizeof(void*)), argv[1]);
   TimePositions(bench);
-  TimeThreadState();
+  TimePositionState();
   TimeEvents(bench);
   TimeRising(bench);
   TimeTerms(bench.store, "series sums, full data");

@@ -9,10 +9,10 @@
 
 #include "ephemeris/cosine_sum.h"
 #include "ephemeris/track_walk.h"
+#include "numerics/sincos.h"
 #include "support/full_store.h"
 #include "support/plain_series.h"
 #include "time/nutation.h"
-#include "time/sincos.h"
 
 namespace zenithor {
 namespace {
@@ -33,7 +33,7 @@ void BM_MarsSse2(benchmark::State& state) {
   double sums[kSeriesCount];
   double millennia = 0.0;
   for (auto _ : state) {
-    SumTracksSse2(FullStore().tracks[kMars], millennia += 1e-6, sums);
+    SumTracksSse2(FullStore().bodies[kMars].tracks, millennia += 1e-6, sums);
     benchmark::DoNotOptimize(sums);
   }
 }
@@ -48,7 +48,7 @@ void BM_MarsAvx2(benchmark::State& state) {
   double sums[kSeriesCount];
   double millennia = 0.0;
   for (auto _ : state) {
-    SumTracksAvx2(FullStore().tracks[kMars], millennia += 1e-6, sums);
+    SumTracksAvx2(FullStore().bodies[kMars].tracks, millennia += 1e-6, sums);
     benchmark::DoNotOptimize(sums);
   }
 }

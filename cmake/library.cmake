@@ -1,11 +1,7 @@
 # The shared library: the exports, the code that runs when it is loaded, and the rooms behind them.
-# src/entry/exports.txt lists the C names; each is exported with one leading underscore.
-file(STRINGS ${PROJECT_SOURCE_DIR}/src/entry/exports.txt zenithor_exports)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/src/entry/exports.txt)
-
-add_library(zenithor SHARED src/entry/exports.cpp src/entry/event_exports.cpp)
-target_link_libraries(zenithor PRIVATE entry zenithor_library_flags)
+# Each export carries its C name with one leading underscore.
+add_library(zenithor SHARED src/entry/exports.cpp)
+target_link_libraries(zenithor PRIVATE entry zenithor_export_list zenithor_library_flags)
 set_target_properties(zenithor PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${ZENITHOR_OUT}/${ZENITHOR_PLATFORM}
   LIBRARY_OUTPUT_DIRECTORY ${ZENITHOR_OUT}/${ZENITHOR_PLATFORM}

@@ -2,6 +2,7 @@
 # "<room>/<header>.h", only to rooms that name it among their dependencies: an include that points up
 # does not compile.
 function(zenithor_room name)
+  set(zenithor_rooms ${zenithor_rooms} ${name} PARENT_SCOPE)
   cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${name}/*.cpp)
   foreach(file ${ROOM_EXCEPT})

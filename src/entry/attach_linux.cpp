@@ -5,10 +5,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "entry/host_boundary.h"
 #include "entry/library_load.h"
-#include "entry/process_store.h"
 #include "ephemeris/file_open.h"
+#include "host/boundary.h"
+#include "host/process_store.h"
 
 namespace {
 

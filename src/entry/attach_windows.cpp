@@ -11,10 +11,10 @@
 #include <cstdlib>
 #include <cwchar>
 
-#include "entry/host_boundary.h"
 #include "entry/library_load.h"
-#include "entry/process_store.h"
 #include "ephemeris/file_open.h"
+#include "host/boundary.h"
+#include "host/process_store.h"
 
 namespace {
 

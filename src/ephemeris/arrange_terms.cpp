@@ -6,8 +6,8 @@
 #include <cstring>
 
 #include "ephemeris/cosine_sum.h"
-#include "time/sincos.h"
-#include "time/sincos_kernel.h"
+#include "numerics/sincos.h"
+#include "numerics/sincos_kernel.h"
 
 namespace zenithor {
 
@@ -147,7 +147,7 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
   void* const start = static_cast<char*>(room) + skipped;
   auto* const products = static_cast<double*>(start);
   auto* const frequencies = products + steps * kTrackCount * 2;
-  auto* const places = reinterpret_cast<std::uint16_t*>(frequencies + MostFrequencies(term_count));
+  auto* const indices = reinterpret_cast<std::uint16_t*>(frequencies + MostFrequencies(term_count));
   // Where a track is shorter than the longest its sum goes on with zeros, which nobody reads.
   std::memset(room, 0, ArrangedSize(record, term_count));
 
@@ -166,7 +166,7 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
       if (number < 0) {
         return {};
       }
-      places[place + static_cast<std::size_t>(k) * kTrackCount] =
+      indices[place + static_cast<std::size_t>(k) * kTrackCount] =
           static_cast<std::uint16_t>(2 * number);
       tracks.largest_frequency = std::max(tracks.largest_frequency, std::fabs(term.frequency));
     }
@@ -181,7 +181,7 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
   tracks.frequency_count = (numbers.Count() + 3) / 4 * 4;
   tracks.frequencies = frequencies;
   tracks.products = products;
-  tracks.places = places;
+  tracks.indices = indices;
   return tracks;
 }
 

@@ -59,10 +59,9 @@ const char* HeapCopy(const char* text) {
 }  // namespace
 
 void SetEphemerisFolder(EphemerisStore& store, const char* prefix) {
-  store.series.fill(nullptr);
-  store.term_count.fill(0);
-  store.tracks.fill({});
-  store.fingerprint.fill(0);
+  for (BodySeries& body : store.bodies) {
+    body = {};
+  }
   store.path_prefix = prefix == nullptr ? "" : HeapCopy(prefix);
 }
 
@@ -71,11 +70,8 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   if (slot < 0 || slot >= kSlotCount) {
     return LoadStatus::kLoaded;
   }
-  const auto s = static_cast<std::size_t>(slot);
-  store.series[s] = nullptr;
-  store.term_count[s] = 0;
-  store.tracks[s] = {};
-  store.fingerprint[s] = 0;
+  BodySeries& body = store.bodies[slot];
+  body = {};
 
   store.index_stream = OpenJoined(store.path_prefix, index_name);
   if (store.index_stream == nullptr) {
@@ -87,8 +83,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
     return LoadStatus::kNoDataFile;
   }
 
-  BodyIndexRecord& record = store.index[s];
-  record = {};
+  BodyIndexRecord& record = body.index;
   if (std::fseek(store.index_stream, slot * static_cast<long>(sizeof record), SEEK_SET) == 0) {
     static_cast<void>(std::fread(&record, 1, sizeof record, store.index_stream));
   }
@@ -112,10 +107,10 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   }
   // A term that the file ends in the middle of may have been read in part.
   block[read] = {};
-  store.series[s] = block;
-  store.term_count[s] = total;
-  store.fingerprint[s] = Fingerprint(record, block, total);
-  store.tracks[s] = ArrangeTerms(block, total, record, static_cast<char*>(memory) + terms_size);
+  body.terms = block;
+  body.term_count = total;
+  body.fingerprint = Fingerprint(record, block, total);
+  body.tracks = ArrangeTerms(block, total, record, static_cast<char*>(memory) + terms_size);
   static_cast<void>(std::fclose(store.data_stream));
   static_cast<void>(std::fclose(store.index_stream));
   store.data_stream = nullptr;

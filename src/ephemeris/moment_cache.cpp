@@ -4,11 +4,10 @@
 
 namespace zenithor {
 
-Spherical EvaluateObserver(const EphemerisStore& store, int slot, double centuries,
-                           MomentCache& cache) {
+Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries,
+                       MomentCache& cache) {
   // Terms that did not come from a file have no fingerprint.
-  const std::uint64_t fingerprint =
-      IsLoaded(store, slot) ? store.fingerprint[static_cast<std::size_t>(slot)] : 0;
+  const std::uint64_t fingerprint = IsLoaded(store, slot) ? store.bodies[slot].fingerprint : 0;
   if (fingerprint == 0) {
     return EvaluateSeries(store, slot, centuries);
   }
@@ -25,10 +24,10 @@ Spherical EvaluateObserver(const EphemerisStore& store, int slot, double centuri
 
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
                                 MomentCache& cache) {
-  return SunSeenFrom(EvaluateObserver(store, slot, centuries, cache));
+  return SunSeenFrom(CachedSeries(store, slot, centuries, cache));
 }
 
-NutationAngles EvaluateNutation(double centuries, MomentCache& cache) {
+NutationAngles CachedNutation(double centuries, MomentCache& cache) {
   if (cache.nutation_centuries != centuries) {
     cache.nutation = Nutation(centuries);
     cache.nutation_centuries = centuries;

@@ -31,14 +31,13 @@ struct MomentCache {
 };
 
 // EvaluateSeries(store, slot, centuries), from the cache where it holds that.
-Spherical EvaluateObserver(const EphemerisStore& store, int slot, double centuries,
-                           MomentCache& cache);
+Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries, MomentCache& cache);
 
-// EvaluateSunGeocentric(store, slot, centuries), by way of EvaluateObserver.
+// EvaluateSunGeocentric(store, slot, centuries), by way of CachedSeries.
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
                                 MomentCache& cache);
 
 // Nutation(centuries), from the cache where it holds that.
-NutationAngles EvaluateNutation(double centuries, MomentCache& cache);
+NutationAngles CachedNutation(double centuries, MomentCache& cache);
 
 }  // namespace zenithor

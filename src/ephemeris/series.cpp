@@ -5,8 +5,8 @@
 
 #include "ephemeris/cosine_sum.h"
 #include "ephemeris/pluto_table.h"
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 
@@ -33,13 +33,12 @@ void CorrectToFk5(double millennia, Spherical& place) {
 }
 
 // Term after term with the C library's cosine: for terms and times that the fast sum does not take.
-void SumPlainly(const EphemerisStore& store, int slot, double t, double (&sums)[kSeriesCount]) {
-  const auto s = static_cast<std::size_t>(slot);
-  const SeriesTerm* term = store.series[s];
+void SumPlainly(const BodySeries& body, double t, double (&sums)[kSeriesCount]) {
+  const SeriesTerm* term = body.terms;
   // Single counts that disagree with their sum never lead past the block.
-  const SeriesTerm* const end = term + store.term_count[s];
+  const SeriesTerm* const end = term + body.term_count;
   for (std::size_t series = 0; series < kSeriesCount; ++series) {
-    const std::ptrdiff_t count = store.index[s].series[series].term_count;
+    const std::ptrdiff_t count = body.index.series[series].term_count;
     const SeriesTerm* const last = term + std::clamp<std::ptrdiff_t>(count, 0, end - term);
     sums[series] = 0.0;
     for (; term != last; ++term) {
@@ -50,17 +49,17 @@ void SumPlainly(const EphemerisStore& store, int slot, double t, double (&sums)[
 
 }  // namespace
 
-Spherical SumSeries(const EphemerisStore& store, int slot, double centuries) {
+Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries) {
   if (!IsLoaded(store, slot)) {
     return {0.0, 0.0, 0.0};
   }
   const double t = Millennia(centuries);
-  const TermTracks& tracks = store.tracks[static_cast<std::size_t>(slot)];
+  const BodySeries& body = store.bodies[slot];
   double sums[kSeriesCount];
-  if (CanSumTracks(tracks, t)) {
-    SumTracks(tracks, t, sums);
+  if (CanSumTracks(body.tracks, t)) {
+    SumTracks(body.tracks, t, sums);
   } else {
-    SumPlainly(store, slot, t, sums);
+    SumPlainly(body, t, sums);
   }
 
   double coordinates[3];
@@ -80,7 +79,7 @@ Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries
   if (!IsLoaded(store, slot)) {
     return {0.0, 0.0, 0.0};
   }
-  Spherical place = SumSeries(store, slot, centuries);
+  Spherical place = SumStoredSeries(store, slot, centuries);
   // Kept on purpose: the longitude is not reduced again after the correction; down to -0.1".
   place.longitude = ReduceAngle(place.longitude);
   CorrectToFk5(Millennia(centuries), place);

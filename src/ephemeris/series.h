@@ -18,7 +18,7 @@ Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries);
 Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries);
 
 // The stored series alone, before any reduction or frame correction.
-Spherical SumSeries(const EphemerisStore& store, int slot, double centuries);
+Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries);
 
 // The Sun as seen from the body of `slot`, geometric.
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries);

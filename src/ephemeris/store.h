@@ -37,19 +37,24 @@ struct BodyIndexRecord {
 };
 static_assert(sizeof(BodyIndexRecord) == 72, "an index record is 72 bytes");
 
+// The series of one body. Without terms it is not loaded, and the rest is as it stands here.
+struct BodySeries {
+  SeriesTerm* terms = nullptr;  // L0..L5, B0..B5, R0..R5, one after the other
+  std::int32_t term_count = 0;
+  BodyIndexRecord index{};
+  std::uint64_t fingerprint = 0;  // of the terms; 0 where they did not come from a file
+  TermTracks tracks;              // made from the terms, in the same block of memory
+};
+
 struct EphemerisStore {
-  std::array<SeriesTerm*, kSlotCount> series{};       // null while a slot is not loaded
-  std::array<std::int32_t, kSlotCount> term_count{};  // terms in the slot's block
-  std::array<BodyIndexRecord, kSlotCount> index{};
-  std::array<std::uint64_t, kSlotCount> fingerprint{};  // of the terms; 0 where not loaded by file
-  std::array<TermTracks, kSlotCount> tracks{};  // made from the terms, inside the slot's block
+  BodySeries bodies[kSlotCount];
   const char* path_prefix = "";
   std::FILE* index_stream = nullptr;  // meaningful only during a load
   std::FILE* data_stream = nullptr;
 };
 
 inline bool IsLoaded(const EphemerisStore& store, int slot) {
-  return slot >= 0 && slot < kSlotCount && store.series[static_cast<std::size_t>(slot)] != nullptr;
+  return slot >= 0 && slot < kSlotCount && store.bodies[slot].terms != nullptr;
 }
 
 }  // namespace zenithor

@@ -33,10 +33,10 @@ struct TermTracks {
   std::int32_t frequency_count = 0;  // a multiple of four; 0 where the terms are not arranged
   std::int32_t end_count = 0;
   double largest_frequency = 0.0;
-  const double* frequencies = nullptr;    // distinct, then zeros up to a multiple of four
-  const double* products = nullptr;       // per step and track: A cos B, -A sin B
-  const std::uint16_t* places = nullptr;  // per step and track: twice the index of the frequency
-  SeriesEnd ends[kMostEnds] = {};         // in the order of steps
+  const double* frequencies = nullptr;     // distinct, then zeros up to a multiple of four
+  const double* products = nullptr;        // per step and track: A cos B, -A sin B
+  const std::uint16_t* indices = nullptr;  // per step and track: twice the index of the frequency
+  SeriesEnd ends[kMostEnds] = {};          // in the order of steps
 };
 
 }  // namespace zenithor

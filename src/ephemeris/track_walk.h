@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ephemeris/term_tracks.h"
-#include "time/sincos_kernel.h"
+#include "numerics/sincos_kernel.h"
 
 // The walk along the four tracks, for one kind of vector registers or the other. Included by a file
 // that is compiled for AVX2: see sincos_kernel.h for what that forbids.
@@ -17,11 +17,11 @@ void SumTracksAvx2(const TermTracks& tracks, double millennia, double* sums);
 
 // One term of every track: (A cos B) cos(C t) + (-A sin B) sin(C t), added to the track's sum.
 ZENITHOR_KERNEL void AddStep(const double* cosine_sine, const double* products,
-                             const std::uint16_t* places, FourInPairs& sum) {
-  const __m128d p0 = _mm_mul_pd(_mm_load_pd(cosine_sine + places[0]), _mm_load_pd(products));
-  const __m128d p1 = _mm_mul_pd(_mm_load_pd(cosine_sine + places[1]), _mm_load_pd(products + 2));
-  const __m128d p2 = _mm_mul_pd(_mm_load_pd(cosine_sine + places[2]), _mm_load_pd(products + 4));
-  const __m128d p3 = _mm_mul_pd(_mm_load_pd(cosine_sine + places[3]), _mm_load_pd(products + 6));
+                             const std::uint16_t* indices, FourInPairs& sum) {
+  const __m128d p0 = _mm_mul_pd(_mm_load_pd(cosine_sine + indices[0]), _mm_load_pd(products));
+  const __m128d p1 = _mm_mul_pd(_mm_load_pd(cosine_sine + indices[1]), _mm_load_pd(products + 2));
+  const __m128d p2 = _mm_mul_pd(_mm_load_pd(cosine_sine + indices[2]), _mm_load_pd(products + 4));
+  const __m128d p3 = _mm_mul_pd(_mm_load_pd(cosine_sine + indices[3]), _mm_load_pd(products + 6));
   sum = sum + FourInPairs{_mm_add_pd(_mm_unpacklo_pd(p0, p2), _mm_unpackhi_pd(p0, p2)),
                           _mm_add_pd(_mm_unpacklo_pd(p1, p3), _mm_unpackhi_pd(p1, p3))};
 }
@@ -33,13 +33,13 @@ ZENITHOR_KERNEL void StoreSums(FourInPairs sum, double* lanes) {
 #ifdef __AVX2__
 
 ZENITHOR_KERNEL void AddStep(const double* cosine_sine, const double* products,
-                             const std::uint16_t* places, FourInQuad& sum) {
+                             const std::uint16_t* indices, FourInQuad& sum) {
   const __m256d t01 =
-      _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(cosine_sine + places[0])),
-                           _mm_load_pd(cosine_sine + places[1]), 1);
+      _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(cosine_sine + indices[0])),
+                           _mm_load_pd(cosine_sine + indices[1]), 1);
   const __m256d t23 =
-      _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(cosine_sine + places[2])),
-                           _mm_load_pd(cosine_sine + places[3]), 1);
+      _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(cosine_sine + indices[2])),
+                           _mm_load_pd(cosine_sine + indices[3]), 1);
   const __m256d p01 = _mm256_mul_pd(t01, _mm256_loadu_pd(products));
   const __m256d p23 = _mm256_mul_pd(t23, _mm256_loadu_pd(products + 4));
   sum = sum + FourInQuad{_mm256_add_pd(_mm256_unpacklo_pd(p01, p23), _mm256_unpackhi_pd(p01, p23))};
@@ -63,12 +63,12 @@ ZENITHOR_KERNEL void WalkTracks(const TermTracks& tracks, double millennia, doub
   Four sum;
   Repeat(0.0, sum);
   const double* products = tracks.products;
-  const std::uint16_t* places = tracks.places;
+  const std::uint16_t* indices = tracks.indices;
   std::int32_t step = 0;
   for (std::int32_t e = 0; e < tracks.end_count; ++e) {
     const SeriesEnd end = tracks.ends[e];
-    for (; step < end.step; ++step, products += 2 * kTrackCount, places += kTrackCount) {
-      AddStep(cosine_sine, products, places, sum);
+    for (; step < end.step; ++step, products += 2 * kTrackCount, indices += kTrackCount) {
+      AddStep(cosine_sine, products, indices, sum);
     }
     alignas(16) double lanes[4];
     StoreSums(sum, lanes);

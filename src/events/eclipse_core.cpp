@@ -6,8 +6,7 @@
 
 #include "events/lunar_phase.h"
 #include "moon/lunar_arguments.h"
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

@@ -65,12 +65,12 @@ double AnswerEvent(int block, double julian_day, std::int32_t selector, EventRec
   if (record == nullptr) {
     return 0.0;
   }
-  const EventFamily family = kEventExports[block].family;
+  const EventFamily family = kBlocks[block].family;
   const FoundEvent event = FindEvent(family, julian_day, selector);
-  for (const EventExport& row : kEventExports) {
+  for (const BlockContents& row : kBlocks) {
     if (row.family == family) {
       const bool fills = event.found && (row.kind == event.kind || row.kind == kAnyKind);
-      record->Blocks[row.block] = fills ? BlockOf(event.jde) : kZeroBlock;
+      record->Blocks[row.block] = fills ? EventBlockAt(event.jde) : kZeroBlock;
     }
   }
   return record->Blocks[block].JulianDay;

@@ -1,11 +1,11 @@
 #include "events/event_block.h"
 
-#include "time/angles.h"
+#include "numerics/integers.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
 
-EventTimeBlock BlockOf(double julian_day) {
+EventTimeBlock EventBlockAt(double julian_day) {
   const CalendarInstant instant = JulianDayToCalendar(julian_day);
   return {julian_day,
           instant.Year,

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <iterator>
 
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 

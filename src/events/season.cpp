@@ -3,8 +3,8 @@
 #include <cmath>
 #include <iterator>
 
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/constants.h"
+#include "numerics/polynomials.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

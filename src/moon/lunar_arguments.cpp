@@ -2,8 +2,9 @@
 
 #include <cstddef>
 
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
+#include "numerics/polynomials.h"
 
 namespace zenithor {
 

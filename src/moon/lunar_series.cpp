@@ -6,9 +6,11 @@
 #include <utility>
 
 #include "moon/lunar_arguments.h"
-#include "time/angles.h"
-#include "time/constants.h"
-#include "time/sincos.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
+#include "numerics/polynomials.h"
+#include "numerics/row_sums.h"
+#include "numerics/sincos.h"
 
 namespace zenithor {
 

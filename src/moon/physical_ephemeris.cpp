@@ -4,8 +4,8 @@
 
 #include "moon/lunar_arguments.h"
 #include "moon/physical_libration.h"
-#include "time/angles.h"
-#include "time/constants.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <iterator>
 
-#include "time/constants.h"
-#include "time/sincos.h"
+#include "numerics/constants.h"
+#include "numerics/sincos.h"
 
 namespace zenithor {
 

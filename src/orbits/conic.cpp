@@ -3,9 +3,9 @@
 #include <cmath>
 #include <limits>
 
-#include "orbits/circle.h"
-#include "orbits/cycle_watch.h"
-#include "time/constants.h"
+#include "numerics/circle.h"
+#include "numerics/constants.h"
+#include "numerics/cycle_watch.h"
 
 namespace zenithor {
 

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "orbits/circle.h"
+#include "numerics/circle.h"
+#include "numerics/constants.h"
 #include "orbits/earth_velocity.h"
 #include "orbits/propagate_body.h"
 #include "orbits/vectors.h"
-#include "time/constants.h"
 
 namespace zenithor {
 

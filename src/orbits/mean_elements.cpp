@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "numerics/constants.h"
 #include "orbits/horner.h"
 #include "time/constants.h"
 

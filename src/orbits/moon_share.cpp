@@ -1,5 +1,6 @@
 #include "orbits/moon_share.h"
 
+#include "numerics/constants.h"
 #include "orbits/mean_elements.h"
 #include "orbits/precession.h"
 #include "orbits/vectors.h"
@@ -15,7 +16,7 @@ SeriesSums SumLunarSeries(const PlanetSeriesTable& table, double julian_day,
                           SeriesScratch& scratch) {
   const double t = (julian_day - kJ2000) / table.time_scale;
   FillRowsFromList(table, scratch);
-  SeriesSums sums = SumSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+  SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
   sums.longitude *= table.coefficient_scale;
   sums.latitude *= table.coefficient_scale;
   sums.radius *= table.coefficient_scale;

@@ -1,5 +1,6 @@
 #include "orbits/planet_series.h"
 
+#include "numerics/constants.h"
 #include "orbits/mean_elements.h"
 #include "time/constants.h"
 
@@ -14,7 +15,7 @@ Spherical EvaluatePlanetSeries(double julian_day, const PlanetSeriesTable& table
       FillMultiples(PlanetMeanLongitude(k + 1, t), highest, scratch.rows[k]);
     }
   }
-  const SeriesSums sums = SumSeries(table, t, scratch.rows, LongitudePolynomial::kReduced);
+  const SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kReduced);
   return {kRadiansPerArcsecond * sums.longitude, kRadiansPerArcsecond * sums.latitude,
           table.mean_distance + kRadiansPerArcsecond * table.mean_distance * sums.radius};
 }
@@ -24,7 +25,7 @@ Spherical EvaluateEarthSeries(double julian_day, const PlanetSeriesTable& table,
   const double t = (julian_day - kJ2000) / table.time_scale;
   FillMeanElements(julian_day, scratch.arguments);
   FillRowsFromList(table, scratch);
-  const SeriesSums sums = SumSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+  const SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
   const double scale = kRadiansPerArcsecond * table.coefficient_scale;
   return {scale * sums.longitude + scratch.arguments[body_index - 1], scale * sums.latitude,
           (scale * sums.radius + 1.0) * table.mean_distance};

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numerics/constants.h"
 #include "orbits/horner.h"
 #include "time/constants.h"
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "time/constants.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 
@@ -34,8 +34,9 @@ double ReduceArcseconds(double x) {
   return x - kArcsecondsPerTurn * std::floor(x / kArcsecondsPerTurn);
 }
 
-SeriesSums SumSeries(const PlanetSeriesTable& table, double t,
-                     const MultiplesRow (&rows)[kArgumentLimit], LongitudePolynomial polynomial) {
+SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
+                           const MultiplesRow (&rows)[kArgumentLimit],
+                           LongitudePolynomial polynomial) {
   const std::int8_t* code = table.arguments;
   const double* longitude = table.longitude;
   const double* latitude = table.latitude;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "orbits/multiples.h"
+#include "numerics/multiples.h"
 #include "orbits/series_table.h"
 
 namespace zenithor {
@@ -25,8 +25,9 @@ enum class LongitudePolynomial { kReduced, kAsItStands };  // modulo 1296000, or
 double ReduceArcseconds(double x);
 
 // Sums `table` at T (in its time scale, from J2000.0) in stored order over the multiples in `rows`.
-SeriesSums SumSeries(const PlanetSeriesTable& table, double t,
-                     const MultiplesRow (&rows)[kArgumentLimit], LongitudePolynomial polynomial);
+SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
+                           const MultiplesRow (&rows)[kArgumentLimit],
+                           LongitudePolynomial polynomial);
 
 // Fills the rows of the arguments that `table` uses from the list in `scratch`.
 void FillRowsFromList(const PlanetSeriesTable& table, SeriesScratch& scratch);

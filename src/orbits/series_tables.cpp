@@ -1,7 +1,7 @@
 #include <cstddef>
 #include <iterator>
 
-#include "orbits/multiples.h"
+#include "numerics/multiples.h"
 #include "orbits/series_table.h"
 
 namespace zenithor {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "time/constants.h"
+#include "numerics/constants.h"
 #include "time/julian_day.h"
 #include "time/parallax.h"
 #include "time/sidereal_time.h"

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
-#include "orbits/multiples.h"
+#include "numerics/constants.h"
+#include "numerics/multiples.h"
 #include "orbits/series_sum.h"
 #include "time/constants.h"
 

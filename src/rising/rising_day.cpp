@@ -1,8 +1,9 @@
 #include "rising/rising_day.h"
 
+#include "numerics/constants.h"
 #include "rising/day_start.h"
-#include "rising/delta_t.h"
 #include "time/constants.h"
+#include "time/delta_t.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
@@ -29,10 +30,10 @@ RisingDay FindRisingDay(const RisingRequest& request) {
 
 double PlaceCenturies(const RisingDay& day, std::size_t place) {
   return day.start_centuries + day.delta_t * kCenturiesPerSecond +
-         (static_cast<double>(place) - 1.0) * kOneDay;
+         (static_cast<double>(place) - 1.0) * kOneDayInCenturies;
 }
 
-EventProblem PoseEvents(const RisingDay& day, const ThreePlaces& places, double h0) {
+RiseSetProblem PoseRiseSet(const RisingDay& day, const ThreePlaces& places, double h0) {
   return {day.start_days,
           day.start_centuries,
           day.delta_t,
@@ -43,8 +44,8 @@ EventProblem PoseEvents(const RisingDay& day, const ThreePlaces& places, double 
           day.latitude};
 }
 
-RiseSetResult AnswerEvents(const EventProblem& problem) {
-  const EventTimes times = SolveEvents(problem);
+RiseSetResult RiseSetMinutes(const RiseSetProblem& problem) {
+  const RiseSetTimes times = SolveRiseSet(problem);
   // Kept on purpose: the signal stands in the transit too, though the body does cross the meridian.
   if (times.horizon == Horizon::kAlwaysAbove) {
     return {ZENITHOR_ALWAYS_UP, ZENITHOR_ALWAYS_UP, ZENITHOR_ALWAYS_UP, ZENITHOR_ALWAYS_UP};

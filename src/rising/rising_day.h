@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "rising/event_solver.h"
+#include "rising/rise_set_solver.h"
 #include "time/transforms.h"
 #include "zenithor/zenithor.h"
 
@@ -31,7 +31,7 @@ struct RisingDay {
 
 constexpr double kHorizonRefraction = 0.009890780871051864;  // [rad] 0.5667 degree
 constexpr double kCenturiesPerSecond = 3.168808781402895e-10;
-constexpr double kOneDay = 0.000027378507871321012;  // [Julian centuries]
+constexpr double kOneDayInCenturies = 0.000027378507871321012;  // [Julian centuries]
 
 // A body the day before, at the day's start, and the day after.
 using ThreePlaces = std::array<Equatorial, 3>;
@@ -43,7 +43,7 @@ RisingDay FindRisingDay(const RisingRequest& request);
 double PlaceCenturies(const RisingDay& day, std::size_t place);
 
 // The event solver's input from the day, the three places and the standard altitude.
-EventProblem PoseEvents(const RisingDay& day, const ThreePlaces& places, double h0);
+RiseSetProblem PoseRiseSet(const RisingDay& day, const ThreePlaces& places, double h0);
 
 // The drivers' answer. Minutes after the day's start; ZENITHOR_ALWAYS_UP or ZENITHOR_NEVER_UP in
 // all four fields when the body does not cross the horizon; not-a-number for a time that does not
@@ -55,6 +55,6 @@ struct RiseSetResult {
   double Set;
 };
 
-RiseSetResult AnswerEvents(const EventProblem& problem);
+RiseSetResult RiseSetMinutes(const RiseSetProblem& problem);
 
 }  // namespace zenithor

@@ -14,7 +14,7 @@ constexpr double kEarthRadiusKm = 6378.14;
 
 }  // namespace
 
-EventProblem PoseRisingMoon(const RisingRequest& request) {
+RiseSetProblem MoonRiseSetProblem(const RisingRequest& request) {
   const RisingDay day = FindRisingDay(request);
   const double epsilon = MeanObliquity(day.centuries);
   ThreePlaces places{};
@@ -27,7 +27,7 @@ EventProblem PoseRisingMoon(const RisingRequest& request) {
   // 50.
   const double distance_km = ComputeLunarPosition(day.centuries).distance_km;
   const double parallax = std::asin(kEarthRadiusKm / distance_km);
-  return PoseEvents(day, places, 0.7275 * parallax - kHorizonRefraction);
+  return PoseRiseSet(day, places, 0.7275 * parallax - kHorizonRefraction);
 }
 
 }  // namespace zenithor

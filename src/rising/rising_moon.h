@@ -7,6 +7,6 @@ namespace zenithor {
 // The three places of the Moon, geocentric and of the mean equinox of date, and its standard
 // altitude 0.7275 pi less 0.5667 degree with the horizontal parallax pi of the given instant.
 // Source: Meeus, Astronomical Algorithms, chapters 15 and 47.
-EventProblem PoseRisingMoon(const RisingRequest& request);
+RiseSetProblem MoonRiseSetProblem(const RisingRequest& request);
 
 }  // namespace zenithor

@@ -32,7 +32,7 @@ Equatorial GeometricPlace(const EphemerisStore& store, BodyCode code, double cen
                           double epsilon, MomentCache& cache) {
   const Spherical body =
       code == ZENITHOR_SUN ? Spherical{0.0, 0.0, 0.0} : EvaluateBody(store, code, centuries);
-  const Spherical observer = EvaluateObserver(store, ObserverSlot(code), centuries, cache);
+  const Spherical observer = CachedSeries(store, ObserverSlot(code), centuries, cache);
   const Spherical place = GeocentricPosition(body, observer);
   return EclipticToEquatorial(place.longitude, place.latitude, epsilon);
 }
@@ -41,8 +41,8 @@ Equatorial GeometricPlace(const EphemerisStore& store, BodyCode code, double cen
 Equatorial ApparentPlace(const EphemerisStore& store, BodyCode code, const RisingDay& day,
                          double epsilon, MomentCache& cache) {
   const double t = day.centuries;
-  const NutationAngles nutation = EvaluateNutation(t, cache);
-  const Spherical observer = EvaluateObserver(store, ObserverSlot(code), t, cache);
+  const NutationAngles nutation = CachedNutation(t, cache);
+  const Spherical observer = CachedSeries(store, ObserverSlot(code), t, cache);
   Spherical place = GeocentricPosition(EvaluateBody(store, code, t), observer);
   const double distance = place.radius;
   place = GeocentricPosition(EvaluateBody(store, code, t - distance * kLightTimePerAu), observer);
@@ -60,13 +60,13 @@ Equatorial ApparentPlace(const EphemerisStore& store, BodyCode code, const Risin
 
 }  // namespace
 
-bool CanPoseRisingPlanet(const EphemerisStore& store, BodyCode code) {
+bool HasSlotsForRising(const EphemerisStore& store, BodyCode code) {
   const bool own_slot = code == ZENITHOR_SUN || code == ZENITHOR_PLUTO || IsLoaded(store, code);
   return own_slot && IsLoaded(store, ObserverSlot(code));
 }
 
-EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& request,
-                              MomentCache& cache) {
+RiseSetProblem PlanetRiseSetProblem(const EphemerisStore& store, const RisingRequest& request,
+                                    MomentCache& cache) {
   const RisingDay day = FindRisingDay(request);
   const double epsilon = Obliquity(request.code, day.centuries);
   ThreePlaces places{};
@@ -79,7 +79,7 @@ EventProblem PoseRisingPlanet(const EphemerisStore& store, const RisingRequest& 
     places.fill(ApparentPlace(store, request.code, day, epsilon, cache));
   }
   const double h0 = request.code == ZENITHOR_SUN ? kSunStandardAltitude : kPlanetStandardAltitude;
-  return PoseEvents(day, places, h0);
+  return PoseRiseSet(day, places, h0);
 }
 
 }  // namespace zenithor

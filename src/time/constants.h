@@ -1,16 +1,8 @@
 #pragma once
 
-// Angle and time constants shared by every room. Decimal doubles, as the computations need them.
+// Constants of time, and of the two places of the theory that every room agrees on.
 
 namespace zenithor {
-
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kRadiansPerDegree = 0.017453292519943295;
-constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kHoursPerRadian = 3.819718634205488;         // 12 / pi
-constexpr double kRadiansPerArcsecond = 4.84813681109536e-6;  // pi / 648000
-constexpr double kArcsecondsPerTurn = 1296000.0;
 
 constexpr double kJ2000 = 2451545.0;  // 2000 January 1, 12h, as a Julian day
 constexpr double kDaysPerCentury = 36525.0;

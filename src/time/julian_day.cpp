@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "time/angles.h"
+#include "numerics/integers.h"
 #include "time/constants.h"
 
 namespace zenithor {

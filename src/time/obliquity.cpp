@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-#include "time/angles.h"
+#include "numerics/constants.h"
+#include "numerics/polynomials.h"
 #include "time/constants.h"
 
 namespace zenithor {

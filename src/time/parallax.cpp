@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "time/angles.h"
+#include "numerics/angles.h"
 
 namespace zenithor {
 

@@ -1,5 +1,6 @@
 #include "time/sidereal_time.h"
 
+#include "numerics/constants.h"
 #include "time/constants.h"
 
 namespace zenithor {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "time/constants.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 

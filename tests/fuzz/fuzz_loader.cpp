@@ -82,8 +82,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(zenithor::EvaluateSeries(store, slot, 0.25));
   }
   // A process never gives its terms back; a fuzzer has to.
-  for (zenithor::SeriesTerm* block : store.series) {
-    std::free(block);
+  for (const zenithor::BodySeries& body : store.bodies) {
+    std::free(body.terms);
   }
   return 0;
 }

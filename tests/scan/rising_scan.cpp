@@ -11,10 +11,10 @@
 #include <ctime>
 #include <random>
 
+#include "numerics/constants.h"
 #include "rising/rising_moon.h"
 #include "rising/rising_planet.h"
 #include "support/full_store.h"
-#include "time/constants.h"
 
 namespace zenithor {
 namespace {
@@ -50,7 +50,7 @@ class Scan {
                             code};
       // The places of the fast bodies do not depend on the observer, so one serves for several.
       const bool fast = code < ZENITHOR_JUPITER || code == ZENITHOR_MOON;
-      EventProblem problem = Pose(request);
+      RiseSetProblem problem = Pose(request);
       for (int observer = 0; observer < (fast ? 20 : 1); ++observer) {
         request.latitude = Latitude(problem) * kDegreesPerRadian;
         request.longitude = Uniform(-180.0, 180.0);
@@ -70,14 +70,15 @@ class Scan {
     return std::uniform_real_distribution<double>(low, high)(random_);
   }
 
-  static EventProblem Pose(const RisingRequest& request) {
+  static RiseSetProblem Pose(const RisingRequest& request) {
     MomentCache cache;
-    return request.code == ZENITHOR_MOON ? PoseRisingMoon(request)
-                                         : PoseRisingPlanet(testing::FullStore(), request, cache);
+    return request.code == ZENITHOR_MOON
+               ? MoonRiseSetProblem(request)
+               : PlanetRiseSetProblem(testing::FullStore(), request, cache);
   }
 
   // [rad]
-  double Latitude(const EventProblem& problem) {
+  double Latitude(const RiseSetProblem& problem) {
     const double pole = kPi / 2.0;
     const double sign = Uniform(0.0, 1.0) < 0.5 ? 1.0 : -1.0;
     const double kind = Uniform(0.0, 3.0);
@@ -95,9 +96,9 @@ class Scan {
     return std::clamp(edge + off, -pole, pole);
   }
 
-  void Count(const EventProblem& problem, BodyCode code) {
+  void Count(const RiseSetProblem& problem, BodyCode code) {
     const std::clock_t start = std::clock();
-    const EventTimes times = SolveEvents(problem);
+    const RiseSetTimes times = SolveRiseSet(problem);
     const double taken = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
     tally_.longest_seconds = std::max(tally_.longest_seconds, taken);
     tally_.calls += 3;
@@ -149,8 +150,8 @@ int UnsettledMoonDays(double east_longitude, double latitude) {
   constexpr double kFirstDay = 10593.0;  // 1990 January 1
   int unsettled = 0;
   for (int day = 0; day < 14611; ++day) {
-    const RiseSetResult moon = AnswerEvents(
-        PoseRisingMoon({kFirstDay + day, 1.0, 0.0, -east_longitude, latitude, ZENITHOR_MOON}));
+    const RiseSetResult moon = RiseSetMinutes(
+        MoonRiseSetProblem({kFirstDay + day, 1.0, 0.0, -east_longitude, latitude, ZENITHOR_MOON}));
     unsettled += std::isnan(moon.Rise) || std::isnan(moon.Set) ? 1 : 0;
   }
   return unsettled;

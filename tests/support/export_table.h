@@ -4,8 +4,10 @@
 #include <stdint.h>
 #include <string.h>
 
-/* Every export of the library, one row each, with its prototype written out on its own (not taken
- * from the public header) and one way to call them all. C and C++. */
+#include "zenithor/zenithor.h"
+
+/* Every export of the library, one row each from the list of exports, with its prototype written
+ * out on its own (not taken from the public header) and one way to call them all. C and C++. */
 
 typedef enum ExportShape {
   kShapePosition,      /* (moment, ignored, ignored, longitude, latitude, ignored, code, record) */
@@ -39,18 +41,20 @@ enum {
   kPositionRecordSize = 160
 };
 
+/* The blocks that a call may write are those of its family: 4 seasons, 4 phases, 7 kinds of solar
+ * eclipses, 4 of lunar ones. */
+#define TESTS_FIRST_BLOCK(block) ((block) < 4 ? 0 : (block) < 8 ? 4 : (block) < 15 ? 8 : 15)
+#define TESTS_BLOCK_COUNT(block) ((block) >= 8 && (block) < 15 ? 7 : 4)
+#define TESTS_EVENT_ROW(name, shape, block) \
+  {#name, shape, block, TESTS_FIRST_BLOCK(block), TESTS_BLOCK_COUNT(block)},
+
 static const ExportRow kExports[kExportCount] = {
-    {"ZENITHOR", kShapePosition, 0, 0, 0},        {"SPR_EQUX", kShapeSelectedEvent, 0, 0, 4},
-    {"SUM_SOL", kShapeSelectedEvent, 1, 0, 4},    {"FALL_EQUX", kShapeSelectedEvent, 2, 0, 4},
-    {"WIN_SOL", kShapeSelectedEvent, 3, 0, 4},    {"NEW_MOON", kShapeSelectedEvent, 4, 4, 4},
-    {"FIRST_QTR", kShapeSelectedEvent, 5, 4, 4},  {"FULL_MOON", kShapeSelectedEvent, 6, 4, 4},
-    {"LAST_QTR", kShapeSelectedEvent, 7, 4, 4},   {"ALL_SE", kShapeFramedEvent, 14, 8, 7},
-    {"TOTAL_SE", kShapePlainEvent, 8, 8, 7},      {"ANNULAR_SE", kShapePlainEvent, 9, 8, 7},
-    {"ANNULAR_TSE", kShapePlainEvent, 10, 8, 7},  {"TOTAL_NCSE", kShapePlainEvent, 11, 8, 7},
-    {"ANNULAR_NCSE", kShapePlainEvent, 12, 8, 7}, {"PARTIAL_SE", kShapePlainEvent, 13, 8, 7},
-    {"ALL_LE", kShapeFramedEvent, 18, 15, 4},     {"TOTAL_LE", kShapePlainEvent, 15, 15, 4},
-    {"PARTIAL_LE", kShapePlainEvent, 16, 15, 4},  {"PENUM_LE", kShapePlainEvent, 17, 15, 4},
-    {"GEO_RISE", kShapeRising, 0, 0, 0},
+#define EXPORT_POSITION(name) {#name, kShapePosition, 0, 0, 0},
+#define EXPORT_SELECTED_EVENT(name, block) TESTS_EVENT_ROW(name, kShapeSelectedEvent, block)
+#define EXPORT_ANY_ECLIPSE(name, block) TESTS_EVENT_ROW(name, kShapeFramedEvent, block)
+#define EXPORT_ECLIPSE_OF_KIND(name, block) TESTS_EVENT_ROW(name, kShapePlainEvent, block)
+#define EXPORT_RISING(name) {#name, kShapeRising, 0, 0, 0},
+#include "entry/export_list.inc"
 };
 
 /* The arguments of one call of any export, in the order of its prototype; a row's shape says how

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "entry/process_store.h"
 #include "ephemeris/loader.h"
+#include "host/process_store.h"
 #include "support/export_table.h"
 #include "support/full_store.h"
 #include "zenithor/zenithor.h"
@@ -12,17 +12,12 @@ namespace zenithor::testing {
 
 inline AnyExport LinkedExport(int which) {
   static const AnyExport entries[] = {
-      reinterpret_cast<AnyExport>(ZENITHOR),     reinterpret_cast<AnyExport>(SPR_EQUX),
-      reinterpret_cast<AnyExport>(SUM_SOL),      reinterpret_cast<AnyExport>(FALL_EQUX),
-      reinterpret_cast<AnyExport>(WIN_SOL),      reinterpret_cast<AnyExport>(NEW_MOON),
-      reinterpret_cast<AnyExport>(FIRST_QTR),    reinterpret_cast<AnyExport>(FULL_MOON),
-      reinterpret_cast<AnyExport>(LAST_QTR),     reinterpret_cast<AnyExport>(ALL_SE),
-      reinterpret_cast<AnyExport>(TOTAL_SE),     reinterpret_cast<AnyExport>(ANNULAR_SE),
-      reinterpret_cast<AnyExport>(ANNULAR_TSE),  reinterpret_cast<AnyExport>(TOTAL_NCSE),
-      reinterpret_cast<AnyExport>(ANNULAR_NCSE), reinterpret_cast<AnyExport>(PARTIAL_SE),
-      reinterpret_cast<AnyExport>(ALL_LE),       reinterpret_cast<AnyExport>(TOTAL_LE),
-      reinterpret_cast<AnyExport>(PARTIAL_LE),   reinterpret_cast<AnyExport>(PENUM_LE),
-      reinterpret_cast<AnyExport>(GEO_RISE),
+#define EXPORT_POSITION(name) reinterpret_cast<AnyExport>(name),
+#define EXPORT_SELECTED_EVENT(name, block) reinterpret_cast<AnyExport>(name),
+#define EXPORT_ANY_ECLIPSE(name, block) reinterpret_cast<AnyExport>(name),
+#define EXPORT_ECLIPSE_OF_KIND(name, block) reinterpret_cast<AnyExport>(name),
+#define EXPORT_RISING(name) reinterpret_cast<AnyExport>(name),
+#include "entry/export_list.inc"
   };
   static_assert(sizeof entries / sizeof entries[0] == kExportCount, "one entry per row");
   return entries[which];

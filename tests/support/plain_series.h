@@ -21,15 +21,15 @@ inline Quadruple CosineOf(Quadruple x) { return QuadrupleCosine(x); }
 template <class Number>
 std::array<Number, 3> PlainSum(const EphemerisStore& store, int slot, double millennia) {
   const auto s = static_cast<std::size_t>(slot);
-  const SeriesTerm* term = store.series[s];
-  const SeriesTerm* const end = term + store.term_count[s];
+  const SeriesTerm* term = store.bodies[s].terms;
+  const SeriesTerm* const end = term + store.bodies[s].term_count;
   const Number t = millennia;
   std::array<Number, 3> place{};
   std::size_t series = 0;
   for (Number& coordinate : place) {
     Number power = 1.0;
     for (int p = 0; p < kPowerCount; ++p, ++series) {
-      const std::ptrdiff_t count = store.index[s].series[series].term_count;
+      const std::ptrdiff_t count = store.bodies[s].index.series[series].term_count;
       const SeriesTerm* const last = term + std::clamp<std::ptrdiff_t>(count, 0, end - term);
       Number sum = 0.0;
       for (; term != last; ++term) {

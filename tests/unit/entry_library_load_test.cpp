@@ -68,7 +68,7 @@ TEST_F(LibraryLoad, LoadsTheNineSlotsWhenBothFilesAreThere) {
   Load();
   EXPECT_EQ(LoadedSlots(), 9);
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    EXPECT_EQ(SumSeries(store_, slot, 0.0).longitude, slot);
+    EXPECT_EQ(SumStoredSeries(store_, slot, 0.0).longitude, slot);
   }
   EXPECT_EQ(asked, (std::vector<std::string>{"exists " + index_path_, "exists " + data_path_}));
   EXPECT_EQ(store_.index_stream, nullptr);

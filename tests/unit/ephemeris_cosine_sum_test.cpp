@@ -35,18 +35,18 @@ class OneBody {
     const auto total = static_cast<std::int32_t>(terms_.size());
     terms_.push_back({});  // as the loader does, so that there is a block without terms too
     for (std::size_t s = 0; s < counts.size(); ++s) {
-      store_.index[kEarthSlot].series[s].term_count = static_cast<std::int16_t>(counts[s]);
+      store_.bodies[kEarthSlot].index.series[s].term_count = static_cast<std::int16_t>(counts[s]);
     }
-    const BodyIndexRecord& record = store_.index[kEarthSlot];
+    const BodyIndexRecord& record = store_.bodies[kEarthSlot].index;
     room_.resize(ArrangedSize(record, total));
-    store_.series[kEarthSlot] = terms_.data();
-    store_.term_count[kEarthSlot] = total;
-    store_.tracks[kEarthSlot] = ArrangeTerms(terms_.data(), total, record, room_.data());
+    store_.bodies[kEarthSlot].terms = terms_.data();
+    store_.bodies[kEarthSlot].term_count = total;
+    store_.bodies[kEarthSlot].tracks = ArrangeTerms(terms_.data(), total, record, room_.data());
   }
 
-  bool IsArranged() const { return store_.tracks[kEarthSlot].frequency_count > 0; }
+  bool IsArranged() const { return store_.bodies[kEarthSlot].tracks.frequency_count > 0; }
   const EphemerisStore& Store() const { return store_; }
-  Spherical At(double centuries) const { return SumSeries(store_, kEarthSlot, centuries); }
+  Spherical At(double centuries) const { return SumStoredSeries(store_, kEarthSlot, centuries); }
   Spherical PlainlyAt(double centuries) const {
     return SumSeriesPlainly(store_, kEarthSlot, centuries);
   }
@@ -102,7 +102,7 @@ TEST(FastSum, IsNoFurtherFromAQuadruplePrecisionSumThanThePlainWalk) {
       const double t = Millennia(centuries);
       const auto truth = PlainSum<Quadruple>(FullStore(), slot, t);
       const auto walked = PlainSum<double>(FullStore(), slot, t);
-      const Spherical place = SumSeries(FullStore(), slot, centuries);
+      const Spherical place = SumStoredSeries(FullStore(), slot, centuries);
       const double summed[3] = {place.longitude, place.latitude, place.radius};
       for (std::size_t c = 0; c < 3; ++c) {
         fast[c].Add(summed[c], truth[c]);
@@ -123,7 +123,7 @@ TEST(FastSum, DiffersFromThePlainWalkByNoMoreThanIsDocumented) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
     for (int k = 0; k <= 100; ++k) {
       const double centuries = -50.0 + 0.9 * k;
-      const Spherical fast = SumSeries(FullStore(), slot, centuries);
+      const Spherical fast = SumStoredSeries(FullStore(), slot, centuries);
       const Spherical plain = SumSeriesPlainly(FullStore(), slot, centuries);
       EXPECT_NEAR(fast.longitude, plain.longitude, 3e-11) << slot << " " << centuries;
       EXPECT_NEAR(fast.latitude, plain.latitude, 1.2e-12) << slot << " " << centuries;
@@ -134,7 +134,7 @@ TEST(FastSum, DiffersFromThePlainWalkByNoMoreThanIsDocumented) {
 
 TEST(FastSum, ArrangesEveryBodyOfTheFullData) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    EXPECT_GT(FullStore().tracks[static_cast<std::size_t>(slot)].frequency_count, 0) << slot;
+    EXPECT_GT(FullStore().bodies[slot].tracks.frequency_count, 0) << slot;
   }
 }
 
@@ -205,7 +205,7 @@ TEST(FastSum, LeavesTimesOutOfRangeToThePlainWalk) {
   for (const double centuries : {1e300, -1e300, 1e6, kInfinity, -kInfinity, kNotANumber}) {
     ExpectSame(body.At(centuries), body.PlainlyAt(centuries));
     for (int slot = 0; slot < kSlotCount; ++slot) {
-      ExpectSame(SumSeries(FullStore(), slot, centuries),
+      ExpectSame(SumStoredSeries(FullStore(), slot, centuries),
                  SumSeriesPlainly(FullStore(), slot, centuries));
     }
   }
@@ -230,7 +230,7 @@ TEST(FastSum, IsTheSameBitsWithAndWithoutAvx2) {
     GTEST_SKIP() << "this processor has no AVX2";
   }
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    const TermTracks& tracks = FullStore().tracks[static_cast<std::size_t>(slot)];
+    const TermTracks& tracks = FullStore().bodies[slot].tracks;
     for (int k = 0; k < 500; ++k) {
       const double t = -8.0 + 0.0321 * k;
       double sse2[kSeriesCount] = {}, avx2[kSeriesCount] = {};
@@ -251,7 +251,7 @@ TEST(FastSum, IsTheSameBitsOnEveryBuild) {
   for (int call = 0; call < 100000; ++call) {
     state = state * 6364136223846793005u + 1442695040888963407u;
     const double centuries = -50.0 + static_cast<double>(state >> 40) * (90.0 / 16777216.0);
-    const Spherical place = SumSeries(FullStore(), call % kSlotCount, centuries);
+    const Spherical place = SumStoredSeries(FullStore(), call % kSlotCount, centuries);
     for (const double coordinate : {place.longitude, place.latitude, place.radius}) {
       std::uint64_t bits = 0;
       std::memcpy(&bits, &coordinate, sizeof bits);

@@ -57,8 +57,8 @@ TEST_F(Loader, GivesEverySlotItsOwnTerms) {
   WriteNineSlots();
   for (int slot = 0; slot < kSlotCount; ++slot) {
     EXPECT_EQ(Load(slot), LoadStatus::kLoaded);
-    EXPECT_EQ(store_.term_count[static_cast<std::size_t>(slot)], 2);
-    const Spherical place = SumSeries(store_, slot, 0.0);
+    EXPECT_EQ(store_.bodies[slot].term_count, 2);
+    const Spherical place = SumStoredSeries(store_, slot, 0.0);
     EXPECT_EQ(place.longitude, 2.0 * slot);
     EXPECT_EQ(place.latitude, 0.0);
     EXPECT_EQ(place.radius, 2.0 * slot + 1.0);
@@ -165,8 +165,8 @@ TEST_F(Loader, EmptyFilesLoadAsSlotsWithoutTerms) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
     EXPECT_EQ(Load(slot), LoadStatus::kLoaded);
     EXPECT_TRUE(IsLoaded(store_, slot));
-    EXPECT_EQ(store_.term_count[static_cast<std::size_t>(slot)], 0);
-    EXPECT_EQ(SumSeries(store_, slot, 1.0).radius, 0.0);
+    EXPECT_EQ(store_.bodies[slot].term_count, 0);
+    EXPECT_EQ(SumStoredSeries(store_, slot, 1.0).radius, 0.0);
   }
 }
 
@@ -174,7 +174,7 @@ TEST_F(Loader, IndexThatEndsBeforeTheSlotGivesASlotWithoutTerms) {
   WriteIndex(index_path_, {RecordWith(0, {2})});
   WriteData(data_path_, NumberedTerms(2));
   EXPECT_EQ(Load(8), LoadStatus::kLoaded);
-  EXPECT_EQ(store_.term_count[8], 0);
+  EXPECT_EQ(store_.bodies[8].term_count, 0);
 }
 
 TEST_F(Loader, IndexThatEndsInsideTheRecordTakesTheRestAsZero) {
@@ -182,7 +182,7 @@ TEST_F(Loader, IndexThatEndsInsideTheRecordTakesTheRestAsZero) {
   WriteFile(index_path_, &record, 6);  // the first pair and half of the second
   WriteData(data_path_, NumberedTerms(5));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(store_.term_count[0], 2);
+  EXPECT_EQ(store_.bodies[0].term_count, 2);
 }
 
 TEST_F(Loader, DataFileThatEndsEarlyLeavesTheRestOfTheBlockZero) {
@@ -190,21 +190,21 @@ TEST_F(Loader, DataFileThatEndsEarlyLeavesTheRestOfTheBlockZero) {
   const std::vector<SeriesTerm> terms = NumberedTerms(3);
   WriteFile(data_path_, terms.data(), 2 * sizeof(SeriesTerm) + 9);  // and a third begun
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  ASSERT_EQ(store_.term_count[0], 6);
-  EXPECT_EQ(store_.series[0][1].amplitude, 1.0);
+  ASSERT_EQ(store_.bodies[0].term_count, 6);
+  EXPECT_EQ(store_.bodies[0].terms[1].amplitude, 1.0);
   for (int k = 2; k < 6; ++k) {
-    EXPECT_EQ(store_.series[0][k].amplitude, 0.0);
-    EXPECT_EQ(store_.series[0][k].phase, 0.0);
-    EXPECT_EQ(store_.series[0][k].frequency, 0.0);
+    EXPECT_EQ(store_.bodies[0].terms[k].amplitude, 0.0);
+    EXPECT_EQ(store_.bodies[0].terms[k].phase, 0.0);
+    EXPECT_EQ(store_.bodies[0].terms[k].frequency, 0.0);
   }
-  EXPECT_EQ(SumSeries(store_, 0, 0.3).longitude, 1.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.3).longitude, 1.0);
 }
 
 TEST_F(Loader, FirstTermBeyondTheDataFileGivesZeros) {
   WriteIndex(index_path_, {RecordWith(32767, {4})});
   WriteData(data_path_, NumberedTerms(4));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(SumSeries(store_, 0, 0.3).longitude, 0.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.3).longitude, 0.0);
 }
 
 TEST_F(Loader, FirstTermReachesToTerm32767AndNoFurther) {
@@ -213,24 +213,24 @@ TEST_F(Loader, FirstTermReachesToTerm32767AndNoFurther) {
   WriteIndex(index_path_, {RecordWith(32767, {1}), RecordWith(32768, {1})});
   WriteData(data_path_, NumberedTerms(32769));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).longitude, 32767.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).longitude, 32767.0);
   EXPECT_EQ(Load(1), LoadStatus::kLoaded);
-  EXPECT_EQ(SumSeries(store_, 1, 0.0).longitude, 0.0);
+  EXPECT_EQ(SumStoredSeries(store_, 1, 0.0).longitude, 0.0);
 }
 
 TEST_F(Loader, NegativeFirstTermGivesZeros) {
   WriteIndex(index_path_, {RecordWith(-1, {3})});
   WriteData(data_path_, NumberedTerms(3));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).longitude, 0.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).longitude, 0.0);
 }
 
 TEST_F(Loader, CountsAtTheirHighestLoadAndTheMissingTermsAreZero) {
   WriteIndex(index_path_, {RecordWith(0, std::vector<int>(kSeriesCount, kMostPerSeries))});
   WriteData(data_path_, NumberedTerms(4));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(store_.term_count[0], kSeriesCount * kMostPerSeries);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).longitude, 0.0 + 1.0 + 2.0 + 3.0);
+  EXPECT_EQ(store_.bodies[0].term_count, kSeriesCount * kMostPerSeries);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).longitude, 0.0 + 1.0 + 2.0 + 3.0);
 }
 
 TEST_F(Loader, EvaluatorStaysInTheBlockWhenSingleCountsDisagreeWithTheirSum) {
@@ -238,18 +238,18 @@ TEST_F(Loader, EvaluatorStaysInTheBlockWhenSingleCountsDisagreeWithTheirSum) {
   WriteIndex(index_path_, {RecordWith(0, {1000, -997})});
   WriteData(data_path_, NumberedTerms(1000));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(store_.term_count[0], 3);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).longitude, 0.0 + 1.0 + 2.0);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).radius, 0.0);
+  EXPECT_EQ(store_.bodies[0].term_count, 3);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).longitude, 0.0 + 1.0 + 2.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).radius, 0.0);
 }
 
 TEST_F(Loader, NegativeCountInTheMiddleContributesNothing) {
   WriteIndex(index_path_, {RecordWith(0, {2, -1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2})});
   WriteData(data_path_, NumberedTerms(10));
   EXPECT_EQ(Load(0), LoadStatus::kLoaded);
-  EXPECT_EQ(store_.term_count[0], 3);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).longitude, 0.0 + 1.0);
-  EXPECT_EQ(SumSeries(store_, 0, 0.0).radius, 2.0);
+  EXPECT_EQ(store_.bodies[0].term_count, 3);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).longitude, 0.0 + 1.0);
+  EXPECT_EQ(SumStoredSeries(store_, 0, 0.0).radius, 2.0);
 }
 
 TEST_F(Loader, CountsThatAreAllZeroLoadAnEmptyBlock) {
@@ -263,7 +263,7 @@ TEST_F(Loader, PrefixStandsInFrontOfBothNames) {
   WriteNineSlots();
   SetEphemerisFolder(store_, (folder_ / "").c_str());
   EXPECT_EQ(LoadBodySeries(store_, 2, "karvo.ndx", "karvo.dat"), LoadStatus::kLoaded);
-  EXPECT_EQ(SumSeries(store_, 2, 0.0).longitude, 4.0);
+  EXPECT_EQ(SumStoredSeries(store_, 2, 0.0).longitude, 4.0);
 }
 
 TEST_F(Loader, SettingTheFolderForgetsEverySlotAndCopiesThePrefix) {

@@ -29,10 +29,10 @@ class OneTermStore {
   OneTermStore() = default;
   OneTermStore(const OneTermStore&) = delete;
   OneTermStore& operator=(const OneTermStore&) = delete;
-  ~OneTermStore() { std::free(store_.series[kEarthSlot]); }
+  ~OneTermStore() { std::free(store_.bodies[kEarthSlot].terms); }
 
   const EphemerisStore& Load(double amplitude) {
-    std::free(store_.series[kEarthSlot]);
+    std::free(store_.bodies[kEarthSlot].terms);
     const std::string folder = ::testing::TempDir();
     const std::string index_name = folder + "/moment_cache.ndx";
     const std::string data_name = folder + "/moment_cache.dat";
@@ -64,79 +64,79 @@ TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
   for (int call = 0; call < 400; ++call) {
     const double centuries = -20.0 + 0.37 * ((call * call) % 7) + (call % 3 == 0 ? 0.0 : 1.0);
     const int slot = call % 5 == 0 ? kEarthJ2000Slot : kEarthSlot;
-    EXPECT_TRUE(SameBits(EvaluateObserver(FullStore(), slot, centuries, cache),
+    EXPECT_TRUE(SameBits(CachedSeries(FullStore(), slot, centuries, cache),
                          EvaluateSeries(FullStore(), slot, centuries)));
     EXPECT_TRUE(SameBits(EvaluateSunGeocentric(FullStore(), slot, centuries, cache),
                          EvaluateSunGeocentric(FullStore(), slot, centuries)));
-    EXPECT_TRUE(SameBits(EvaluateNutation(centuries, cache), Nutation(centuries)));
+    EXPECT_TRUE(SameBits(CachedNutation(centuries, cache), Nutation(centuries)));
   }
 }
 
 TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
   MomentCache cache;
   for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
-    EvaluateObserver(FullStore(), kEarthSlot, k, cache);
+    CachedSeries(FullStore(), kEarthSlot, k, cache);
   }
-  EvaluateNutation(0.5, cache);
+  CachedNutation(0.5, cache);
   for (MomentCache::Observer& kept : cache.observers) {
     kept.place.radius = 1000.0 + kept.centuries;
   }
   cache.nutation.dpsi = 2000.0;
   for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
-    EXPECT_EQ(EvaluateObserver(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
+    EXPECT_EQ(CachedSeries(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
   }
-  EXPECT_EQ(EvaluateNutation(0.5, cache).dpsi, 2000.0);
+  EXPECT_EQ(CachedNutation(0.5, cache).dpsi, 2000.0);
 
   // One moment more displaces the oldest alone.
-  EvaluateObserver(FullStore(), kEarthSlot, 9.0, cache);
-  EXPECT_LT(EvaluateObserver(FullStore(), kEarthSlot, 9.0, cache).radius, 2.0);
-  EXPECT_EQ(EvaluateObserver(FullStore(), kEarthSlot, 1.0, cache).radius, 1001.0);
-  EXPECT_LT(EvaluateObserver(FullStore(), kEarthSlot, 0.0, cache).radius, 2.0);
+  CachedSeries(FullStore(), kEarthSlot, 9.0, cache);
+  EXPECT_LT(CachedSeries(FullStore(), kEarthSlot, 9.0, cache).radius, 2.0);
+  EXPECT_EQ(CachedSeries(FullStore(), kEarthSlot, 1.0, cache).radius, 1001.0);
+  EXPECT_LT(CachedSeries(FullStore(), kEarthSlot, 0.0, cache).radius, 2.0);
 }
 
 TEST(MomentCache, KnowsTheTermsApartWhenTheStoreOrItsContentChanges) {
   MomentCache cache;
   OneTermStore first, second;
-  const double one = EvaluateObserver(first.Load(1.0), kEarthSlot, 0.25, cache).longitude;
-  const double two = EvaluateObserver(second.Load(2.0), kEarthSlot, 0.25, cache).longitude;
-  const double three = EvaluateObserver(first.Load(3.0), kEarthSlot, 0.25, cache).longitude;
+  const double one = CachedSeries(first.Load(1.0), kEarthSlot, 0.25, cache).longitude;
+  const double two = CachedSeries(second.Load(2.0), kEarthSlot, 0.25, cache).longitude;
+  const double three = CachedSeries(first.Load(3.0), kEarthSlot, 0.25, cache).longitude;
   EXPECT_NEAR(two - one, 1.0, 1e-6);
   EXPECT_NEAR(three - one, 2.0, 1e-6);
-  EXPECT_GT(EvaluateObserver(FullStore(), kEarthSlot, 0.25, cache).radius, 0.9);
+  EXPECT_GT(CachedSeries(FullStore(), kEarthSlot, 0.25, cache).radius, 0.9);
 }
 
 TEST(MomentCache, DoesNotKeepTermsThatCameFromNoFile) {
   SeriesTerm term{1.0, 0.0, 0.0};
   EphemerisStore store;
-  store.series[kEarthSlot] = &term;
-  store.term_count[kEarthSlot] = 1;
-  store.index[kEarthSlot].series[0].term_count = 1;
+  store.bodies[kEarthSlot].terms = &term;
+  store.bodies[kEarthSlot].term_count = 1;
+  store.bodies[kEarthSlot].index.series[0].term_count = 1;
   MomentCache cache;
-  const double one = EvaluateObserver(store, kEarthSlot, 0.25, cache).longitude;
+  const double one = CachedSeries(store, kEarthSlot, 0.25, cache).longitude;
   term.amplitude = 2.0;
-  EXPECT_NEAR(EvaluateObserver(store, kEarthSlot, 0.25, cache).longitude - one, 1.0, 1e-6);
+  EXPECT_NEAR(CachedSeries(store, kEarthSlot, 0.25, cache).longitude - one, 1.0, 1e-6);
 }
 
 TEST(MomentCache, GivesZerosForASlotThatIsNotLoaded) {
   const EphemerisStore empty;
   MomentCache cache;
-  EvaluateObserver(FullStore(), kEarthSlot, 0.25, cache);
-  EXPECT_TRUE(SameBits(EvaluateObserver(empty, kEarthSlot, 0.25, cache), {0.0, 0.0, 0.0}));
+  CachedSeries(FullStore(), kEarthSlot, 0.25, cache);
+  EXPECT_TRUE(SameBits(CachedSeries(empty, kEarthSlot, 0.25, cache), {0.0, 0.0, 0.0}));
 }
 
 TEST(MomentCache, StartsEmptyForEveryMoment) {
   const double not_a_number = std::numeric_limits<double>::quiet_NaN();
   for (const double centuries : {0.0, -1.0, 1e300, -std::numeric_limits<double>::infinity()}) {
     MomentCache cache;
-    const Spherical place = EvaluateObserver(FullStore(), kEarthSlot, centuries, cache);
+    const Spherical place = CachedSeries(FullStore(), kEarthSlot, centuries, cache);
     const Spherical alone = EvaluateSeries(FullStore(), kEarthSlot, centuries);
     EXPECT_TRUE(place.radius == alone.radius ||
                 (std::isnan(place.radius) && std::isnan(alone.radius)));
   }
   MomentCache cache;
-  EXPECT_TRUE(std::isnan(EvaluateObserver(FullStore(), kEarthSlot, not_a_number, cache).radius));
-  EXPECT_TRUE(std::isnan(EvaluateNutation(not_a_number, cache).dpsi));
-  EXPECT_TRUE(std::isnan(EvaluateObserver(FullStore(), kEarthSlot, not_a_number, cache).radius));
+  EXPECT_TRUE(std::isnan(CachedSeries(FullStore(), kEarthSlot, not_a_number, cache).radius));
+  EXPECT_TRUE(std::isnan(CachedNutation(not_a_number, cache).dpsi));
+  EXPECT_TRUE(std::isnan(CachedSeries(FullStore(), kEarthSlot, not_a_number, cache).radius));
 }
 
 // The two zeros are one key.

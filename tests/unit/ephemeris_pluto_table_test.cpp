@@ -10,9 +10,9 @@
 
 #include "ephemeris/pluto_table.h"
 #include "ephemeris/series.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 #include "support/text_files.h"
-#include "time/angles.h"
-#include "time/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

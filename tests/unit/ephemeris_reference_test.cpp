@@ -74,8 +74,8 @@ struct Errors {
   double value[3] = {};  // [rad], [rad], [au]
 };
 
-// The differences of SumSeries from the reference, the largest over some moments within `reach`
-// centuries of J2000.0. The moments are multiples of 1/64, so that they are exact in both.
+// The differences of SumStoredSeries from the reference, the largest over some moments within
+// `reach` centuries of J2000.0. The moments are multiples of 1/64, so that they are exact in both.
 Errors LargestErrors(int slot, const std::vector<QuadTerm>& terms, double reach, int moments) {
   Errors largest;
   for (int k = 0; k < moments; ++k) {
@@ -90,7 +90,7 @@ Errors LargestErrors(int slot, const std::vector<QuadTerm>& terms, double reach,
       }
       reference[term.coordinate] += value;
     }
-    const Spherical place = SumSeries(testing::FullStore(), slot, t);
+    const Spherical place = SumStoredSeries(testing::FullStore(), slot, t);
     const double sums[3] = {place.longitude, place.latitude, place.radius};
     for (int c = 0; c < 3; ++c) {
       largest.value[c] =
@@ -129,7 +129,7 @@ void ExpectWithin(const Errors& errors, const Errors& bound, const char* source)
   }
 }
 
-TEST(SumSeries, StaysWithinItsErrorBoundsAgainstQuadruplePrecision) {
+TEST(SumStoredSeries, StaysWithinItsErrorBoundsAgainstQuadruplePrecision) {
   const char* const asked = std::getenv("ZENITHOR_REFERENCE_MOMENTS");
   const int moments = asked == nullptr ? 8 : std::atoi(asked);
   int slot = 0;

@@ -9,11 +9,11 @@
 
 #include "ephemeris/loader.h"
 #include "ephemeris/series.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 #include "support/archive_files.h"
 #include "support/full_store.h"
 #include "support/text_files.h"
-#include "time/angles.h"
-#include "time/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
@@ -37,31 +37,31 @@ EphemerisStore StoreOfOnes() {
   return store;
 }
 
-TEST(SumSeries, MultipliesTheSeriesOfEachPowerByThatPowerOfMillennia) {
+TEST(SumStoredSeries, MultipliesTheSeriesOfEachPowerByThatPowerOfMillennia) {
   const EphemerisStore store = StoreOfOnes();
   const double t = 0.5;  // millennia
-  const Spherical place = SumSeries(store, 0, 10.0 * t);
+  const Spherical place = SumStoredSeries(store, 0, 10.0 * t);
   const double expected = 1.0 + t + t * t + t * t * t + t * t * t * t + t * t * t * t * t;
   EXPECT_EQ(place.longitude, expected);
   EXPECT_EQ(place.latitude, expected);
   EXPECT_EQ(place.radius, expected);
 }
 
-TEST(SumSeries, AtJ2000IsTheSumOfTheCosinesOfThePhases) {
+TEST(SumStoredSeries, AtJ2000IsTheSumOfTheCosinesOfThePhases) {
   const EphemerisStore& store = FullStore();
   for (int slot = 0; slot < kSlotCount; ++slot) {
     const auto s = static_cast<std::size_t>(slot);
-    const SeriesTerm* term = store.series[s];
+    const SeriesTerm* term = store.bodies[s].terms;
     double sums[3] = {};
     for (int series = 0; series < kSeriesCount; ++series) {
-      const int count = store.index[s].series[static_cast<std::size_t>(series)].term_count;
+      const int count = store.bodies[s].index.series[static_cast<std::size_t>(series)].term_count;
       for (int k = 0; k < count; ++k, ++term) {
         if (series % kPowerCount == 0) {
           sums[series / kPowerCount] += term->amplitude * std::cos(term->phase);
         }
       }
     }
-    const Spherical place = SumSeries(store, slot, 0.0);
+    const Spherical place = SumStoredSeries(store, slot, 0.0);
     // Rounding of a few hundred additions of numbers below 40.
     EXPECT_NEAR(place.longitude, sums[0], 1e-13);
     EXPECT_NEAR(place.latitude, sums[1], 1e-13);
@@ -69,7 +69,7 @@ TEST(SumSeries, AtJ2000IsTheSumOfTheCosinesOfThePhases) {
   }
 }
 
-TEST(SumSeries, MeetsTheCheckValuesOfTheTheory) {
+TEST(SumStoredSeries, MeetsTheCheckValuesOfTheTheory) {
   // P. Bretagnon and G. Francou print them to 1e-10, for the bare series.
   const char* const kPlanets[] = {"",        "mercury", "venus",  "earth",  "mars",
                                   "jupiter", "saturn",  "uranus", "neptune"};
@@ -83,7 +83,8 @@ TEST(SumSeries, MeetsTheCheckValuesOfTheTheory) {
     const auto* const planet = std::find(std::begin(kPlanets), std::end(kPlanets), field.at(1));
     ASSERT_NE(planet, std::end(kPlanets)) << line;
     const int slot = field[0] == "B" ? kEarthJ2000Slot : static_cast<int>(planet - kPlanets);
-    const Spherical place = SumSeries(FullStore(), slot, JulianCenturies(std::stod(field.at(2))));
+    const Spherical place =
+        SumStoredSeries(FullStore(), slot, JulianCenturies(std::stod(field.at(2))));
     const double errors[] = {Separation(place.longitude, std::stod(field.at(4))),
                              std::fabs(place.latitude - std::stod(field.at(5))),
                              std::fabs(place.radius - std::stod(field.at(6)))};
@@ -99,9 +100,9 @@ TEST(SumSeries, MeetsTheCheckValuesOfTheTheory) {
   RecordProperty("largest_difference", std::to_string(largest * 1e12) + "e-12");
 }
 
-TEST(SumSeries, MeetsTheBookForVenusOf1992December20) {
+TEST(SumStoredSeries, MeetsTheBookForVenusOf1992December20) {
   // Meeus, example 32.a: before the correction to the FK5, from a shortened series.
-  const Spherical venus = SumSeries(FullStore(), 2, JulianCenturies(2448976.5));
+  const Spherical venus = SumStoredSeries(FullStore(), 2, JulianCenturies(2448976.5));
   const PublishedValue longitude = Published("32.a", "HelioLongitude minus nutation");
   const PublishedValue latitude = Published("32.a", "HelioLatitude");
   const PublishedValue radius = Published("32.a", "HelioDistance");
@@ -147,7 +148,8 @@ TEST(EvaluateSeries, OfASlotWithoutTermsIsTheFrameCorrectionOfTheOrigin) {
 TEST(EvaluateSeries, OfASlotThatIsNotLoadedOrDoesNotExistIsZero) {
   const EphemerisStore empty;
   for (const int slot : {0, 3, 8, 9, 1000, -1, std::numeric_limits<int>::max()}) {
-    for (const Spherical& place : {EvaluateSeries(empty, slot, 0.1), SumSeries(empty, slot, 0.1)}) {
+    for (const Spherical& place :
+         {EvaluateSeries(empty, slot, 0.1), SumStoredSeries(empty, slot, 0.1)}) {
       EXPECT_EQ(place.longitude, 0.0);
       EXPECT_EQ(place.latitude, 0.0);
       EXPECT_EQ(place.radius, 0.0);
@@ -194,7 +196,7 @@ MillenniaEffect MeasureMillenniaEffect() {
   MillenniaEffect largest;
   for (int slot = 1; slot < kSlotCount; ++slot) {
     for (double t = -10.0; t <= 10.0; t += 0.0625) {
-      Spherical sum = SumSeries(FullStore(), slot, t);
+      Spherical sum = SumStoredSeries(FullStore(), slot, t);
       sum.longitude = ReduceAngle(sum.longitude);
       const Spherical book = CorrectedByTheBook(sum, t);
       const Spherical ours = EvaluateSeries(FullStore(), slot, t);

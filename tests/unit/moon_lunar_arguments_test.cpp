@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "moon/lunar_arguments.h"
-#include "time/constants.h"
+#include "numerics/constants.h"
 
 namespace zenithor {
 namespace {

@@ -10,9 +10,10 @@
 
 #include "moon/lunar_arguments.h"
 #include "moon/lunar_series.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
+#include "numerics/polynomials.h"
 #include "support/text_files.h"
-#include "time/angles.h"
-#include "time/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

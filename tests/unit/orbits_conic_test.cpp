@@ -6,7 +6,8 @@
 #include <limits>
 #include <vector>
 
-#include "orbits/circle.h"
+#include "numerics/circle.h"
+#include "numerics/constants.h"
 #include "orbits/conic.h"
 #include "time/constants.h"
 

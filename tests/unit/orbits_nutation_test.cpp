@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "numerics/constants.h"
 #include "orbits/whole_nutation.h"
 #include "support/text_files.h"
-#include "time/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "numerics/constants.h"
 #include "orbits/precession.h"
 #include "orbits/vectors.h"
 #include "time/constants.h"

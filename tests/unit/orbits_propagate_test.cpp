@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "numerics/constants.h"
 #include "orbits/planet_series.h"
 #include "orbits/precession.h"
 #include "orbits/propagate_body.h"

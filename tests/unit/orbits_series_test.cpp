@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "numerics/constants.h"
 #include "orbits/mean_elements.h"
 #include "orbits/moon_share.h"
 #include "orbits/planet_series.h"

@@ -172,7 +172,7 @@ double DirectSum(const TableCase& c, std::size_t column, double t, const double*
   return sum;
 }
 
-TEST(SumSeries, IsTheDirectSum) {
+TEST(SumPlanetSeries, IsTheDirectSum) {
   const double arguments[kArgumentLimit] = {0.1, 0.9, 1.7, 2.5, 3.3, 4.1, 4.9, 5.7, 0.4,
                                             1.2, 2.0, 2.8, 3.6, 4.4, 0.0, 0.0, 0.0, 0.0};
   for (const TableCase& c : Tables()) {
@@ -180,7 +180,8 @@ TEST(SumSeries, IsTheDirectSum) {
     std::copy(std::begin(arguments), std::end(arguments), scratch.arguments);
     for (const double t : {-0.5, 0.0, 0.013, 0.1}) {
       FillRowsFromList(c.table, scratch);
-      const SeriesSums sums = SumSeries(c.table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+      const SeriesSums sums =
+          SumPlanetSeries(c.table, t, scratch.rows, LongitudePolynomial::kAsItStands);
       for (std::size_t k = 0; k < c.columns.size(); ++k) {
         const double sum = c.columns[k] == c.table.longitude  ? sums.longitude
                            : c.columns[k] == c.table.latitude ? sums.latitude
@@ -192,15 +193,15 @@ TEST(SumSeries, IsTheDirectSum) {
   }
 }
 
-TEST(SumSeries, ReducesTheLongitudePolynomialOnlyWhereAsked) {
+TEST(SumPlanetSeries, ReducesTheLongitudePolynomialOnlyWhereAsked) {
   SeriesScratch scratch;
   FillRowsFromList(kPlutoSeries, scratch);
   const TableCase& pluto = Tables()[1];
   const double t = 0.2;
   const SeriesSums reduced =
-      SumSeries(kPlutoSeries, t, scratch.rows, LongitudePolynomial::kReduced);
+      SumPlanetSeries(kPlutoSeries, t, scratch.rows, LongitudePolynomial::kReduced);
   const SeriesSums whole =
-      SumSeries(kPlutoSeries, t, scratch.rows, LongitudePolynomial::kAsItStands);
+      SumPlanetSeries(kPlutoSeries, t, scratch.rows, LongitudePolynomial::kAsItStands);
   EXPECT_NEAR(reduced.longitude, DirectSum(pluto, 0, t, scratch.arguments, true), 2e-4);
   EXPECT_NEAR(std::remainder(whole.longitude - reduced.longitude, 1296000.0), 0.0, 2e-4);
   EXPECT_GT(std::fabs(whole.longitude - reduced.longitude), 1296000.0);

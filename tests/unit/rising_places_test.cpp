@@ -4,12 +4,13 @@
 
 #include "ephemeris/series.h"
 #include "moon/lunar_series.h"
-#include "rising/delta_t.h"
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 #include "rising/rising_moon.h"
 #include "rising/rising_planet.h"
 #include "support/full_store.h"
-#include "time/angles.h"
 #include "time/constants.h"
+#include "time/delta_t.h"
 #include "time/nutation.h"
 #include "time/obliquity.h"
 
@@ -21,16 +22,16 @@ using testing::FullStore;
 constexpr double kDay = 23800.0;           // 2026 February 28
 constexpr double kSecond = kPi / 43200.0;  // of right ascension [rad]
 
-EventProblem Planet(BodyCode code, double minutes = 0.0, double longitude_west = 0.0) {
+RiseSetProblem Planet(BodyCode code, double minutes = 0.0, double longitude_west = 0.0) {
   MomentCache cache;
-  return PoseRisingPlanet(FullStore(), {kDay, minutes, 0.0, longitude_west, 45.0, code}, cache);
+  return PlanetRiseSetProblem(FullStore(), {kDay, minutes, 0.0, longitude_west, 45.0, code}, cache);
 }
 
-RiseSetResult Times(BodyCode code) { return AnswerEvents(Planet(code)); }
+RiseSetResult Times(BodyCode code) { return RiseSetMinutes(Planet(code)); }
 
 TEST(RisingPlanet, TheSunToMarsHaveThreePlacesADayApart) {
   for (const BodyCode code : {ZENITHOR_SUN, ZENITHOR_MERCURY, ZENITHOR_VENUS, ZENITHOR_MARS}) {
-    const EventProblem problem = Planet(code);
+    const RiseSetProblem problem = Planet(code);
     // Each moves by half a minute of time to five minutes of it a day.
     const double first = ReduceAngleSigned(problem.alpha.middle - problem.alpha.before);
     const double second = ReduceAngleSigned(problem.alpha.after - problem.alpha.middle);
@@ -43,15 +44,15 @@ TEST(RisingPlanet, TheSunToMarsHaveThreePlacesADayApart) {
 
 TEST(RisingPlanet, KeptOnPurposeJupiterToPlutoHaveOnePlaceForThreeDays) {
   for (BodyCode code = ZENITHOR_JUPITER; code <= ZENITHOR_PLUTO; ++code) {
-    const EventProblem problem = Planet(code);
+    const RiseSetProblem problem = Planet(code);
     EXPECT_EQ(problem.alpha.before, problem.alpha.middle) << code;
     EXPECT_EQ(problem.alpha.after, problem.alpha.middle) << code;
     EXPECT_EQ(problem.delta.before, problem.delta.middle) << code;
     EXPECT_EQ(problem.delta.after, problem.delta.middle) << code;
   }
   // The place is that of the given instant: 720 minutes later Jupiter has moved, the day has not.
-  const EventProblem morning = Planet(ZENITHOR_JUPITER);
-  const EventProblem noon = Planet(ZENITHOR_JUPITER, 720.0);
+  const RiseSetProblem morning = Planet(ZENITHOR_JUPITER);
+  const RiseSetProblem noon = Planet(ZENITHOR_JUPITER, 720.0);
   EXPECT_EQ(noon.day_start_days, morning.day_start_days);
   EXPECT_NE(noon.alpha.middle, morning.alpha.middle);
 }
@@ -79,8 +80,8 @@ TEST(RisingPlanet, KeptOnPurposeTheSunToMarsAreGeometric) {
 }
 
 TEST(RisingPlanet, TheObserverMovesSlowPlanetsByThousandthsOfAMinuteOnly) {
-  const EventProblem here = Planet(ZENITHOR_JUPITER, 0.0, 0.0);
-  const EventProblem there = Planet(ZENITHOR_JUPITER, 0.0, 120.0);
+  const RiseSetProblem here = Planet(ZENITHOR_JUPITER, 0.0, 0.0);
+  const RiseSetProblem there = Planet(ZENITHOR_JUPITER, 0.0, 120.0);
   const double moved = std::fabs(here.alpha.middle - there.alpha.middle);
   // The parallax of Jupiter is 1.4" to 2.2": 0.15 s of time, 0.0025 minute.
   EXPECT_GT(moved, 0.01 * kSecond);
@@ -90,7 +91,7 @@ TEST(RisingPlanet, TheObserverMovesSlowPlanetsByThousandthsOfAMinuteOnly) {
 TEST(RisingPlanet, KeptOnPurposePlutoHasTheEquinoxOfJ2000) {
   // Against Pluto's own longitude with 26 years of precession added: 1.4 minutes of time, the
   // longitude being near 303 degrees, where right ascension gains 3.6 s a year.
-  const EventProblem problem = Planet(ZENITHOR_PLUTO);
+  const RiseSetProblem problem = Planet(ZENITHOR_PLUTO);
   const double t = FindRisingDay({kDay, 0.0, 0.0, 0.0, 45.0, ZENITHOR_PLUTO}).centuries;
   const Spherical earth = EvaluateBody(FullStore(), kEarthJ2000Slot, t);
   const Spherical pluto = GeocentricPosition(EvaluateBody(FullStore(), ZENITHOR_PLUTO, t), earth);
@@ -106,21 +107,21 @@ TEST(RisingPlanet, KeptOnPurposePlutoHasTheEquinoxOfJ2000) {
 TEST(RisingPlanet, ReadsOnlyTheSlotsThatABodyNeeds) {
   EphemerisStore store = FullStore();
   for (BodyCode code = ZENITHOR_SUN; code <= ZENITHOR_PLUTO; ++code) {
-    EXPECT_TRUE(CanPoseRisingPlanet(store, code));
+    EXPECT_TRUE(HasSlotsForRising(store, code));
   }
-  store.series[kEarthJ2000Slot] = nullptr;
-  EXPECT_FALSE(CanPoseRisingPlanet(store, ZENITHOR_PLUTO));
-  EXPECT_TRUE(CanPoseRisingPlanet(store, ZENITHOR_SUN));
-  EXPECT_TRUE(CanPoseRisingPlanet(store, ZENITHOR_EARTH));
-  store.series[ZENITHOR_MARS] = nullptr;
-  EXPECT_FALSE(CanPoseRisingPlanet(store, ZENITHOR_MARS));
-  EXPECT_TRUE(CanPoseRisingPlanet(store, ZENITHOR_VENUS));
+  store.bodies[kEarthJ2000Slot].terms = nullptr;
+  EXPECT_FALSE(HasSlotsForRising(store, ZENITHOR_PLUTO));
+  EXPECT_TRUE(HasSlotsForRising(store, ZENITHOR_SUN));
+  EXPECT_TRUE(HasSlotsForRising(store, ZENITHOR_EARTH));
+  store.bodies[ZENITHOR_MARS].terms = nullptr;
+  EXPECT_FALSE(HasSlotsForRising(store, ZENITHOR_MARS));
+  EXPECT_TRUE(HasSlotsForRising(store, ZENITHOR_VENUS));
   store = FullStore();
-  store.series[kEarthSlot] = nullptr;
+  store.bodies[kEarthSlot].terms = nullptr;
   for (BodyCode code = ZENITHOR_SUN; code <= ZENITHOR_NEPTUNE; ++code) {
-    EXPECT_FALSE(CanPoseRisingPlanet(store, code));
+    EXPECT_FALSE(HasSlotsForRising(store, code));
   }
-  EXPECT_TRUE(CanPoseRisingPlanet(store, ZENITHOR_PLUTO));
+  EXPECT_TRUE(HasSlotsForRising(store, ZENITHOR_PLUTO));
 }
 
 TEST(RisingPlanet, StandardAltitudes) {
@@ -129,13 +130,13 @@ TEST(RisingPlanet, StandardAltitudes) {
   EXPECT_NEAR(Planet(ZENITHOR_PLUTO).h0 * kDegreesPerRadian, -0.5667, 1e-12);
 }
 
-EventProblem Moon(double minutes) {
-  return PoseRisingMoon({kDay, minutes, 0.0, 0.0, 45.0, ZENITHOR_MOON});
+RiseSetProblem Moon(double minutes) {
+  return MoonRiseSetProblem({kDay, minutes, 0.0, 0.0, 45.0, ZENITHOR_MOON});
 }
 
 TEST(RisingMoon, KeptOnPurposeTheParallaxIsOfTheGivenInstant) {
-  const EventProblem morning = Moon(0.0);
-  const EventProblem evening = Moon(1439.0);
+  const RiseSetProblem morning = Moon(0.0);
+  const RiseSetProblem evening = Moon(1439.0);
   EXPECT_EQ(morning.day_start_days, evening.day_start_days);
   EXPECT_NE(morning.h0, evening.h0);
   for (const double minutes : {0.0, 1439.0}) {
@@ -160,7 +161,7 @@ TEST(RisingMoon, KeptOnPurposeTheMoonIsWithoutNutation) {
 }
 
 // How far the Moon's transit moves, in minutes, when the places are those of `seconds` later.
-double LaterBy(double seconds, const EventProblem& moon) {
+double LaterBy(double seconds, const RiseSetProblem& moon) {
   const double rate =
       ReduceAngleSigned(moon.alpha.after - moon.alpha.before) / 2.0;  // [rad per day]
   const double sidereal_day = 6.300388092591991;
@@ -170,14 +171,14 @@ double LaterBy(double seconds, const EventProblem& moon) {
 TEST(RisingDay, KeptOnPurposeDeltaTCountsTwice) {
   // Once in the instants of the three places, and once more when they are interpolated.
   const RisingRequest request{23800.0, 0.0, 0.0, 0.0, 45.0, ZENITHOR_MOON};
-  const EventProblem moon = PoseRisingMoon(request);
+  const RiseSetProblem moon = MoonRiseSetProblem(request);
   const RisingDay day = FindRisingDay(request);
   EXPECT_EQ(moon.delta_t, DeltaT(day.centuries));
   EXPECT_NEAR((PlaceCenturies(day, 1) - day.start_centuries) * 36525.0 * 86400.0, moon.delta_t,
               1e-5);
-  EventProblem once = moon;
+  RiseSetProblem once = moon;
   once.delta_t = 0.0;
-  const double moved = (SolveEvents(moon).transit - SolveEvents(once).transit) / kTwoPi * 1440.0;
+  const double moved = (SolveRiseSet(moon).transit - SolveRiseSet(once).transit) / kTwoPi * 1440.0;
   // 136.8 s more: 0.08 minute for the Moon. A tenth of it for the change of pace and the 0.0002
   // day.
   EXPECT_NEAR(moved, LaterBy(moon.delta_t, moon), 0.008);
@@ -192,8 +193,9 @@ TEST(RisingDay, TheJumpOfDeltaTAt2000MovesTheMoonsTimes) {
   after.minutes = 721.0;
   EXPECT_NEAR(FindRisingDay(before).delta_t, 62.4, 1e-6);
   EXPECT_NEAR(FindRisingDay(after).delta_t, 102.3, 1e-3);
-  const EventProblem problem = PoseRisingMoon(before);
-  const double moved = AnswerEvents(PoseRisingMoon(after)).Transit - AnswerEvents(problem).Transit;
+  const RiseSetProblem problem = MoonRiseSetProblem(before);
+  const double moved =
+      RiseSetMinutes(MoonRiseSetProblem(after)).Transit - RiseSetMinutes(problem).Transit;
   EXPECT_NEAR(moved, LaterBy(2.0 * 39.9, problem), 0.004);
 }
 

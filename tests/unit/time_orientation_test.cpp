@@ -4,8 +4,9 @@
 
 #include <cmath>
 
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 #include "support/text_files.h"
-#include "time/angles.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
 #include "time/nutation.h"

@@ -2,9 +2,10 @@
 
 #include <cmath>
 
+#include "numerics/angles.h"
+#include "numerics/constants.h"
 #include "support/text_files.h"
 #include "time/aberration.h"
-#include "time/angles.h"
 #include "time/constants.h"
 #include "time/transforms.h"
 

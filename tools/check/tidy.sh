@@ -41,7 +41,7 @@ natively=$(tools/check/sources.sh src apps tools | grep '\.cpp$' |
   while read -r file; do grep -q "/$file\"" "$build/compile_commands.json" && echo "$file"; done)
 echo "$natively" | xargs -P "$(nproc)" -I{} bash -c "check {} -p $build"
 count=$(echo "$natively" | wc -l)
-for_windows="src/entry/attach_windows.cpp src/entry/thread_state.cpp src/ephemeris/file_open.cpp"
+for_windows="src/entry/attach_windows.cpp src/host/thread_state.cpp src/ephemeris/file_open.cpp"
 if command -v i686-w64-mingw32-g++ >/dev/null; then
   echo "$for_windows" | tr ' ' '\n' | xargs -P "$(nproc)" -I{} bash -c "check {} -- $windows_flags"
   count=$((count + 3))

@@ -244,8 +244,8 @@ def sincos_steps():
 
 
 TABLES = {
-    "src/time/sincos_constants.inc": sincos_constants,
-    "src/time/sincos_steps.inc": sincos_steps,
+    "src/numerics/sincos_constants.inc": sincos_constants,
+    "src/numerics/sincos_steps.inc": sincos_steps,
     "src/time/nutation_terms.inc": nutation_terms,
     "src/ephemeris/pluto_terms.inc": pluto_terms,
     "src/moon/longitude_terms.inc": lunar_longitude_terms,
@@ -268,7 +268,7 @@ TABLES = {
     "src/orbits/moon_longitude_terms.inc": moon_longitude_terms,
     "src/orbits/pluto_series_terms.inc": pluto_series_terms,
     "src/orbits/whole_nutation_terms.inc": whole_nutation_terms,
-    "src/rising/delta_t_terms.inc": delta_t_terms,
+    "src/time/delta_t_terms.inc": delta_t_terms,
 }
 
 

@@ -1,4 +1,4 @@
-"""The constants and the table of src/time/sincos_kernel.h, computed here in 60 digits.
+"""The constants and the table of src/numerics/sincos_kernel.h, computed here in 60 digits.
 
 A circle is cut into 512 steps of h = 2 pi / 512. The kernel needs
 

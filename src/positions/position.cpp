@@ -1,0 +1,50 @@
+#include "positions/position.h"
+
+#include "positions/calendar_fields.h"
+#include "positions/moon_position.h"
+#include "positions/planet_position.h"
+#include "positions/pluto_position.h"
+
+namespace zenithor {
+
+namespace {
+
+constexpr double kNoAnswer = 0.0;
+
+// Whether the slots that a planet's place is made of are loaded: the body's own, and the Earth's
+// to look from.
+bool CanComputePlanet(const EphemerisStore& store, BodyCode code) {
+  const bool own_slot = code == ZENITHOR_SUN || IsLoaded(store, code);
+  return own_slot && IsLoaded(store, kEarthSlot);
+}
+
+}  // namespace
+
+double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
+                       double observer_longitude, double observer_latitude, BodyCode code,
+                       BodyPositionRecord* record) {
+  if (record == nullptr) {
+    return kNoAnswer;
+  }
+  if (code == ZENITHOR_MOON) {
+    WriteCalendarFields(julian_day, *record);
+    ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, state.moment,
+                        *record);
+    return ZENITHOR_DONE;
+  }
+  if (code == ZENITHOR_PLUTO) {
+    WriteCalendarFields(julian_day, *record);
+    ComputePlutoPosition(julian_day, observer_longitude, observer_latitude, state.orbits, *record);
+    return ZENITHOR_DONE;
+  }
+  const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
+  if (!CanComputePlanet(store, planet)) {
+    return kNoAnswer;
+  }
+  WriteCalendarFields(julian_day, *record);
+  ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet,
+                        state.moment, *record);
+  return ZENITHOR_DONE;
+}
+
+}  // namespace zenithor

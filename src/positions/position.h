@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ephemeris/moment_cache.h"
+#include "ephemeris/store.h"
+#include "orbits/state.h"
+#include "zenithor/zenithor.h"
+
+namespace zenithor {
+
+// What places keep from call to call; one per thread. Constant-initialized.
+struct PositionState {
+  OrbitsState orbits;  // Pluto's
+  MomentCache moment;  // what the bodies of one moment share
+};
+
+// Where a body stands: the call handed to the driver of its code, with the calendar fields that
+// every body has. Writes the fields that the code has (planet_position.h, moon_position.h,
+// pluto_position.h) and leaves the others of `record` untouched.
+//   julian_day          [day]; any number, NaN and infinities included
+//   observer_longitude  [deg] and latitude: no field depends on them
+//   code                0 to 10; any other is served as Mercury
+//   record              the caller's; null gives 0.0
+// Returns ZENITHOR_DONE, or 0.0, with nothing written, where a slot that the code needs is not
+// loaded.
+double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
+                       double observer_longitude, double observer_latitude, BodyCode code,
+                       BodyPositionRecord* record);
+
+}  // namespace zenithor

@@ -1,0 +1,64 @@
+// What the library keeps from call to call is kept per thread.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <thread>
+
+#include "entry/answers.h"
+#include "host/thread_state.h"
+#include "support/position_golden.h"
+
+namespace zenithor {
+namespace {
+
+using testing::UntouchedRecord;
+
+BodyPositionRecord PlutoAt(double julian_day) {
+  BodyPositionRecord record = UntouchedRecord();
+  EXPECT_EQ(AnswerPosition(julian_day, 0.0, 0.0, ZENITHOR_PLUTO, &record), ZENITHOR_DONE);
+  return record;
+}
+
+TEST(ThreadState, IsOneSetPerThread) {
+  ThreadState* const here = FindThreadState();
+  ASSERT_NE(here, nullptr);
+  EXPECT_EQ(here, FindThreadState());
+  ThreadState* there = nullptr;
+  double untouched_cache = 0.0;
+  PlutoAt(2451545.0);
+  std::thread([&] {
+    there = FindThreadState();
+    untouched_cache = there->position.orbits.earth_velocity.julian_day;
+  }).join();
+  EXPECT_NE(here, there);
+  EXPECT_EQ(untouched_cache, -1.0);
+  EXPECT_EQ(here->position.orbits.earth_velocity.julian_day, 2451545.0);
+}
+
+TEST(ThreadState, ThreadsAtOnceGetTheAnswersOfALoneCaller) {
+  constexpr int kThreads = 4;
+  constexpr int kCalls = 60;
+  const auto day = [](int thread, int call) { return 2440000.5 + 1000.0 * thread + 7.3 * call; };
+  BodyPositionRecord answers[kThreads][kCalls];
+  std::thread threads[kThreads];
+  for (int t = 0; t < kThreads; ++t) {
+    threads[t] = std::thread([&, t] {
+      for (int k = 0; k < kCalls; ++k) {
+        answers[t][k] = PlutoAt(day(t, k));
+      }
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  for (int t = 0; t < kThreads; ++t) {
+    for (int k = 0; k < kCalls; ++k) {
+      const BodyPositionRecord alone = PlutoAt(day(t, k));
+      EXPECT_EQ(std::memcmp(&answers[t][k], &alone, sizeof alone), 0) << t << " " << k;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zenithor
