@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
 #include <memory>
@@ -97,35 +96,51 @@ void Collect(const EventRecord& record, Family family, const Period& period, Eve
   }
 }
 
+// The exports of the seasons and phases, each with the block that it reads back.
+struct SelectedExport {
+  const char* name;
+  ZenithorSeasonOrPhase call;
+  int block;
+};
+
+constexpr int kSelectors = 4;  // each export of a family has one of its own, in the order of blocks
+
+std::vector<SelectedExport> ExportsOf(const ZenithorLibrary& library, Family family) {
+  std::vector<SelectedExport> exports;
+#define EXPORT_SELECTED_EVENT(name, block)                                              \
+  if ((block < ZENITHOR_BLOCK_NEW_MOON) == (family == Family::kSeasons)) {              \
+    exports.push_back({#name, Exported(library.name, #name), static_cast<int>(block)}); \
+  }
+#include "entry/export_list.inc"
+  return exports;
+}
+
+// Calls every export of a family for days `step` apart.
+void CollectSelected(const ZenithorLibrary& library, Family family, const Period& days, double step,
+                     const Period& period, Events& events) {
+  const std::vector<SelectedExport> exports = ExportsOf(library, family);
+  for (double day = days.from; day < days.to; day += step) {
+    for (const SelectedExport& row : exports) {
+      EventRecord record{};
+      row.call(day, 0, 0, row.block % kSelectors, &record);
+      Collect(record, family, period, events);
+    }
+  }
+}
+
 // A season call answers for the calendar year of the day, so steps shorter than a year meet every
 // year. It begins a year early: in the Julian calendar of antiquity the December solstice of a year
 // can fall into the next.
 void CollectSeasons(const ZenithorLibrary& library, const Period& period, Events& events) {
-  const std::array<ZenithorSeasonOrPhase, 4> calls = {
-      Exported(library.SPR_EQUX, "SPR_EQUX"), Exported(library.SUM_SOL, "SUM_SOL"),
-      Exported(library.FALL_EQUX, "FALL_EQUX"), Exported(library.WIN_SOL, "WIN_SOL")};
-  for (double day = period.from - 370.0; day < period.to + 360.0; day += 360.0) {
-    for (std::int32_t selector = 0; selector < 4; ++selector) {
-      EventRecord record{};
-      calls[static_cast<std::size_t>(selector)](day, 0, 0, selector, &record);
-      Collect(record, Family::kSeasons, period, events);
-    }
-  }
+  CollectSelected(library, Family::kSeasons, {period.from - 370.0, period.to + 360.0}, 360.0,
+                  period, events);
 }
 
 // A phase call answers for one lunation, up to three weeks back and a month ahead; steps of 25 days
 // skip none.
 void CollectPhases(const ZenithorLibrary& library, const Period& period, Events& events) {
-  const std::array<ZenithorSeasonOrPhase, 4> calls = {
-      Exported(library.NEW_MOON, "NEW_MOON"), Exported(library.FIRST_QTR, "FIRST_QTR"),
-      Exported(library.FULL_MOON, "FULL_MOON"), Exported(library.LAST_QTR, "LAST_QTR")};
-  for (double day = period.from - 35.0; day < period.to + 50.0; day += 25.0) {
-    for (std::int32_t selector = 0; selector < 4; ++selector) {
-      EventRecord record{};
-      calls[static_cast<std::size_t>(selector)](day, 0, 0, selector, &record);
-      Collect(record, Family::kPhases, period, events);
-    }
-  }
+  CollectSelected(library, Family::kPhases, {period.from - 35.0, period.to + 50.0}, 25.0, period,
+                  events);
 }
 
 // An eclipse call gives the next one, and the same again until nine days after it; 15 days after an
