@@ -8,7 +8,7 @@
 set -u
 export DEBIAN_FRONTEND=noninteractive
 
-native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev libssl-dev"
+native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev"
 windows="g++-mingw-w64-i686 g++-mingw-w64-x86-64 wine wine64 wine32:i386"
 case "${1:-build}" in
   build) ;;
