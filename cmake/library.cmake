@@ -48,7 +48,7 @@ if(WIN32)
     COMMAND ${GNU_DLLTOOL} -t zenithor_ -d ${PROJECT_BINARY_DIR}/import_gnu.def
       -l $<TARGET_LINKER_FILE_NAME:zenithor>
     WORKING_DIRECTORY $<TARGET_FILE_DIR:zenithor>)
-  find_program(LLVM_DLLTOOL NAMES llvm-dlltool-14 llvm-dlltool)
+  find_program(LLVM_DLLTOOL NAMES llvm-dlltool)
   if(LLVM_DLLTOOL)
     add_custom_command(TARGET zenithor POST_BUILD VERBATIM
       COMMAND ${LLVM_DLLTOOL} -m ${machine} -d ${PROJECT_BINARY_DIR}/import_msvc.def -l zenithor.lib

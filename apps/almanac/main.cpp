@@ -3,21 +3,18 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <exception>
 #include <string>
 #include <vector>
 
 #include "commands.h"
 #include "failure.h"
 #include "moment.h"
+#include "run_program.h"
 #include "session.h"
 
 namespace {
 
-using zenithor::almanac::Failure;
+using zenithor::Failure;
 
 std::string Joined(const std::vector<std::string>& words, const char* separator) {
   return CLI::detail::join(words, separator);
@@ -97,14 +94,6 @@ int Run(int argument_count, char** arguments) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
-  try {
-    const int exit_status = Run(argument_count, arguments);
-    if (std::fflush(stdout) != 0) {
-      throw Failure("the output cannot be written: {}", std::strerror(errno));
-    }
-    return exit_status;
-  } catch (const std::exception& error) {
-    static_cast<void>(std::fprintf(stderr, "almanac: %s\n", error.what()));
-    return 1;
-  }
+  return zenithor::RunProgram(
+      "almanac", [argument_count, arguments] { return Run(argument_count, arguments); });
 }

@@ -4,9 +4,9 @@
 # Ends with 77 (skipped) where clang or lld-link is not installed.
 set -eu
 machine=$1 include=$2 library=$3 source=$4 program=$5
-linker=$(command -v lld-link-14 || command -v lld-link || true)
+linker=$(command -v lld-link || true)
 if [ -z "$linker" ] || ! command -v clang >/dev/null; then
-  echo "no clang or no lld-link: apt-get install clang lld-14"
+  echo "no clang or no lld-link: apt-get install clang lld"
   exit 77
 fi
 # There is no C library for this target here; of <math.h> the header needs one function.

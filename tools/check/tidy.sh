@@ -1,5 +1,5 @@
 #!/bin/bash
-# clang-tidy over the library, the almanac and the tools, without a finding. A file that was found
+# clang-tidy over the library, the almanac and karvo, without a finding. A file that was found
 # clean is not looked at again until it, what it includes, or the way it is built changes.
 #   tidy.sh BUILD_FOLDER     one that holds compile_commands.json
 set -eu
@@ -23,7 +23,7 @@ check() {
   local file=$1 key
   shift
   # The file and what it includes of ours.
-  key=$(clang++-14 -std=c++17 -MM -MG -Isrc -Iinclude -Itests -Iapps "$file" | tr -d '\\' | tr ' ' '\n' |
+  key=$(clang++-14 -std=c++17 -MM -MG -Isrc -Iinclude -Itests -Iapps/shared "$file" | tr -d '\\' | tr ' ' '\n' |
     while read -r name; do case $name in /*) ;; *) [ ! -f "$name" ] || cat "$name" ;; esac; done | sha256sum)
   key=$cache/$(echo "$common $* $file $key" | sha256sum | cut -d' ' -f1)
   [ -e "$key" ] && return 0
@@ -37,7 +37,7 @@ check() {
 export -f check
 export common cache
 
-natively=$(tools/check/sources.sh src apps tools | grep '\.cpp$' |
+natively=$(tools/check/sources.sh src apps | grep '\.cpp$' |
   while read -r file; do grep -q "/$file\"" "$build/compile_commands.json" && echo "$file"; done)
 echo "$natively" | xargs -P "$(nproc)" -I{} bash -c "check {} -p $build"
 count=$(echo "$natively" | wc -l)

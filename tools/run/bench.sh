@@ -5,16 +5,9 @@
 set -eu
 cd "$(dirname "$0")/../.."
 root=$PWD
-jobs=$(nproc)
-build() {
-  local preset=$1
-  shift
-  cmake --preset "$preset" >/dev/null
-  cmake --build "build/$preset" -j"$jobs" --target "$@" -- --no-print-directory -s
-}
 
 echo "Building the native timings"
-build linux zenithor bench_exports karvo
+tools/run/build.sh linux zenithor bench_exports karvo
 archive=out/data/archive
 compact=build/bench/compact/archive
 [ -f $compact/karvo.ndx ] || out/linux/karvo build --max-error 1 --out build/bench/compact >/dev/null
@@ -23,14 +16,14 @@ ln -sfn "$root/$archive" build/bench/profile/tavvin_files/archive
 XDG_DATA_HOME=$root/build/bench/profile build/linux/bench/bench_exports \
   out/linux/libzenithor.so $archive $compact
 echo
-if cmake --build build/linux -j"$jobs" --target bench_series -- --no-print-directory -s 2>/dev/null; then
+if tools/run/build.sh linux bench_series 2>/dev/null; then
   build/linux/bench/bench_series --benchmark_min_time=0.3 2>/dev/null
 fi
 
 if [ -n "$(tools/setup/presets.sh win32)" ]; then
   echo
   echo "Building the timings of the 32-bit DLL"
-  build win32 zenithor bench_exports
+  tools/run/build.sh win32 zenithor bench_exports
   roaming=$(tools/run/under_wine.sh cmd /c 'echo %APPDATA%' 2>/dev/null | tr -d '\r\n' | tr '\\' /)
   folder=${ZENITHOR_WINEPREFIX:-$root/build/wine}/drive_c/${roaming#??/}/tavvin_files/archive
   mkdir -p "$folder"

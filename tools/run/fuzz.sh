@@ -6,10 +6,8 @@ set -eu
 cd "$(dirname "$0")/../.."
 seconds=${1:-600}
 jobs=$(nproc)
-cmake --preset linux -DZENITHOR_UNIT_TESTS=OFF >/dev/null
-cmake --build build/linux -j"$jobs" --target data -- --no-print-directory -s
-cmake --preset fuzz >/dev/null
-cmake --build build/fuzz -j"$jobs" -- --no-print-directory -s
+tools/run/build.sh linux data
+tools/run/build.sh fuzz
 
 targets=$(cd build/fuzz/tests/fuzz && ls *.seeds | sed 's/\.seeds$//')
 count=$(echo "$targets" | wc -l)

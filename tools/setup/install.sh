@@ -1,25 +1,57 @@
 #!/bin/bash
-# Installs, on Debian, what building and testing need and the machine lacks. Prints one line.
-#   install.sh build     compilers and libraries for the native library, the tools and the DLL, and Wine
-#   install.sh test      that, and the test libraries, checkers and fuzzers
-#   install.sh bench     that, and the libraries that the benchmarks compare with
-# Exits with 0 where only Wine or the cross compilers cannot be had, after saying so; with 1 where
-# the native build is not possible, or where ZENITHOR_CI is set and anything is missing.
+# Installs, on Debian and its relatives, what a target needs and the machine lacks.
+#   install.sh native|dll|run|test|bench|dist
+# Asks sudo once where the caller is not root. Compilers for Windows, Wine and the like are steps of
+# their own: where one cannot be had, that is said and the rest goes on. Ends with 1 where the target
+# is not possible at all, or where ZENITHOR_CI is set and anything is missing.
 set -u
-export DEBIAN_FRONTEND=noninteractive
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C
+target=${1:-run}
 
-native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev libssl-dev"
-windows="g++-mingw-w64-i686 g++-mingw-w64-x86-64 wine wine64 wine32:i386"
-case "${1:-build}" in
-  build) ;;
-  test | bench)
-    native="$native googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-14-dev binutils git"
-    windows="$windows xvfb xdotool llvm-14 lld-14 nsis"
-    ;;&
-  bench) native="$native libbenchmark-dev libnova-dev valgrind" ;;
-  test) ;;
-  *) echo "install.sh: build, test or bench, not \"$1\"" >&2; exit 1 ;;
-esac
+native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev"
+checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git"
+mingw32="g++-mingw-w64-i686"
+mingw="$mingw32 g++-mingw-w64-x86-64"
+wine="wine wine64 wine32:i386"
+
+# What the target needs, as steps: step KIND SENTENCE PACKAGE...
+# KIND is needed or extra, SENTENCE says what it means when the packages cannot be had. What a step
+# does is set before each walk.
+steps() {
+  step needed "Nothing can be built." $native
+  case $target in
+    native) ;;
+    dll)
+      step needed "There is no compiler for Windows." $mingw
+      step extra "zenithor.lib, for Microsoft's linker, is left out." llvm
+      ;;
+    run)
+      step extra "The native library is used, not the DLL." $mingw32
+      step extra "The native library is used, not the DLL." $wine
+      ;;
+    test)
+      step needed "Tests cannot be built." $checkers
+      step extra "The DLL is not tested." $mingw
+      step extra "Links with Microsoft's import library are not tested." llvm lld
+      step extra "The DLL is not tested." $wine
+      step extra "The DLL's message box is not tested." xvfb xdotool
+      ;;
+    bench)
+      step needed "There is nothing to measure with." libbenchmark-dev libnova-dev valgrind
+      step extra "The DLL is not timed." $mingw32
+      step extra "The DLL is not timed." $wine
+      ;;
+    dist)
+      step needed "There is no compiler for Windows." $mingw
+      step needed "There is no zenithor.lib for Microsoft's linker." llvm
+      step extra "There is no installer." nsis
+      ;;
+    *)
+      echo "install.sh: native, dll, run, test, bench or dist, not \"$target\"" >&2
+      exit 1
+      ;;
+  esac
+}
 
 missing() {
   local name
@@ -28,35 +60,65 @@ missing() {
   done
 }
 
-log=$(mktemp)
-trap 'rm -f "$log"' EXIT
-install() { apt-get install -y --no-install-recommends -t bookworm "$@" >"$log" 2>&1; }
+all_missing() {
+  step() { missing "${@:3}"; }
+  steps
+}
 
-lacking=$(missing $native)
-lacking_windows=$(missing $windows)
-if [ -z "$lacking$lacking_windows" ]; then
+if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+  step() { printf '%s ' "${@:3}"; }
+  echo "Only on Debian is this looked after. Needed here, by Debian's names: $(steps)" >&2
+  exit 0
+fi
+lacking=$(all_missing) || exit 1
+if [ -z "$lacking" ]; then
   echo "Everything that is needed is installed."
   exit 0
 fi
-if ! command -v apt-get >/dev/null || [ "$(id -u)" != 0 ]; then
-  echo "Please install, as root: $lacking$lacking_windows" >&2
-  [ -z "$lacking" ] && [ -z "${ZENITHOR_CI:-}" ] && exit 0
-  exit 1
+
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+
+# Plainly first. Where two suites offer different versions, those of the installed release may fit
+# together where the newest do not.
+install() {
+  local codename
+  apt-get install -y --no-install-recommends "$@" >"$log" 2>&1 && return 0
+  grep -Eq 'unmet dependencies|held broken packages' "$log" || return 1
+  codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+  [ -n "$codename" ] &&
+    apt-get install -y --no-install-recommends -t "$codename" "$@" >"$log" 2>&1
+}
+
+failed=0
+install_step() {
+  local kind=$1 sentence=$2 names
+  names=$(missing "${@:3}")
+  [ -z "$names" ] || install $names && return 0
+  tail -n 8 "$log" | sed 's/^/    /' >&2
+  echo "These packages could not be installed: $names" >&2
+  echo "$sentence" >&2
+  [ "$kind" = extra ] || exit 1
+  [ -z "${ZENITHOR_CI:-}" ] || failed=1
+}
+
+if [ "$(id -u)" = 0 ]; then
+  echo "Installing ${lacking}(Debian packages; a few minutes)."
+  case $lacking in *:i386*) dpkg --add-architecture i386 ;; esac
+  # One index of a foreign architecture may fail to load; what matters is whether the install works.
+  apt-get update >/dev/null 2>&1
+  step() { install_step "$@"; }
+  steps
+  exit "$failed"
 fi
-echo "Installing ${lacking}${lacking_windows}(Debian packages; a few minutes)."
-[ -z "$lacking_windows" ] || dpkg --add-architecture i386
-# One index of a foreign architecture may fail to load; what matters is whether the install works.
-apt-get update >/dev/null 2>&1
-if [ -n "$lacking" ] && ! install $lacking; then
-  tail -n 5 "$log" >&2
-  echo "These packages could not be installed: $lacking" >&2
-  exit 1
+
+if command -v sudo >/dev/null; then
+  echo "Installing needs sudo; what is missing: $lacking"
+  sudo env ZENITHOR_CI="${ZENITHOR_CI:-}" "$0" "$target" && exit 0
 fi
-if [ -n "$lacking_windows" ] && ! install $lacking_windows; then
-  echo "Wine or the Windows compilers could not be installed: going on with the native library." >&2
-  if [ -n "${ZENITHOR_CI:-}" ]; then
-    tail -n 5 "$log" >&2
-    exit 1
-  fi
-fi
-exit 0
+lacking=$(all_missing)
+foreign=
+case $lacking in *:i386*) foreign="dpkg --add-architecture i386; apt-get update; " ;; esac
+echo "Please install, as root: ${foreign}apt-get install --no-install-recommends $lacking" >&2
+step() { [ "$1" = extra ] && [ -z "${ZENITHOR_CI:-}" ] || missing "${@:3}"; }
+[ -z "$(steps)" ]

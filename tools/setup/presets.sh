@@ -1,10 +1,17 @@
 #!/bin/bash
-# Prints the presets that this machine can build and run, of those asked for.
+# Prints the presets, of those asked for, that this machine can build and run; with --build also
+# those that it can only build.
+#   presets.sh [--build] PRESET...
 set -u
+wine=wine
+if [ "${1:-}" = --build ]; then
+  wine=
+  shift
+fi
 for preset in "$@"; do
   case $preset in
-    win32 | win32-unit) needs="i686-w64-mingw32-g++-posix i686-w64-mingw32-g++-win32 wine" ;;
-    win64 | win64-unit) needs="x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-g++-win32 wine" ;;
+    win32 | win32-unit) needs="i686-w64-mingw32-g++-posix i686-w64-mingw32-g++-win32 $wine" ;;
+    win64 | win64-unit) needs="x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-g++-win32 $wine" ;;
     fuzz) needs="clang++" ;;
     *) needs="g++" ;;
   esac

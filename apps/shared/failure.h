@@ -6,10 +6,10 @@
 #include <string>
 #include <utility>
 
-namespace zenithor::almanac {
+namespace zenithor {
 
-// What a person is told when a command cannot go on: what is wrong, where, and what to do. The
-// program name is put in front when it is printed.
+// What a person is told when a program cannot go on: what is wrong, where, and what to do. The
+// program's name is put in front when it is printed.
 class Failure : public std::runtime_error {
  public:
   template <class... Arguments>
@@ -17,4 +17,4 @@ class Failure : public std::runtime_error {
       : std::runtime_error(fmt::format(text, std::forward<Arguments>(arguments)...)) {}
 };
 
-}  // namespace zenithor::almanac
+}  // namespace zenithor

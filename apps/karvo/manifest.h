@@ -29,9 +29,6 @@ struct Manifest {
   std::vector<ManifestFile> sources;
 };
 
-// SHA-256 of bytes, as 64 hexadecimal digits.
-std::string Sha256(const std::string& bytes);
-
 ManifestFile Describe(const std::string& name, const std::string& bytes);
 
 std::string ManifestText(const Manifest& manifest);

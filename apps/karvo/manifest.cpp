@@ -1,11 +1,9 @@
 #include "manifest.h"
 
-#include <openssl/evp.h>
-
-#include <array>
 #include <nlohmann/json.hpp>
 
 #include "failure.h"
+#include "sha256.h"
 
 namespace zenithor::karvo {
 
@@ -31,19 +29,6 @@ std::vector<ManifestFile> FilesFromJson(const Json& list) {
 }
 
 }  // namespace
-
-std::string Sha256(const std::string& bytes) {
-  std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
-  unsigned length = 0;
-  if (EVP_Digest(bytes.data(), bytes.size(), digest.data(), &length, EVP_sha256(), nullptr) != 1) {
-    throw Failure("SHA-256 cannot be computed here");
-  }
-  std::string text;
-  for (unsigned k = 0; k < length; ++k) {
-    text += fmt::format("{:02x}", digest[k]);
-  }
-  return text;
-}
 
 ManifestFile Describe(const std::string& name, const std::string& bytes) {
   return {name, bytes.size(), Sha256(bytes)};

@@ -8,6 +8,7 @@
 #include "commands.h"
 #include "failure.h"
 #include "manifest.h"
+#include "sha256.h"
 
 namespace zenithor::karvo {
 

@@ -3,11 +3,10 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
-#include <exception>
 
 #include "commands.h"
 #include "failure.h"
+#include "run_program.h"
 
 namespace {
 
@@ -57,13 +56,13 @@ int Run(int argument_count, char** arguments) {
     if (error.get_exit_code() == 0) {
       return app.exit(error);  // the help was asked for
     }
-    throw karvo::Failure("{}; karvo --help says more", error.what());
+    throw zenithor::Failure("{}; karvo --help says more", error.what());
   }
   if (*build) {
     if (*max_error) {
       if (!(max_error_arcsec > 0.0)) {
-        throw karvo::Failure("--max-error {}: a budget is a number of arcseconds above 0",
-                             max_error_arcsec);
+        throw zenithor::Failure("--max-error {}: a budget is a number of arcseconds above 0",
+                                max_error_arcsec);
       }
       build_options.max_error_arcsec = max_error_arcsec;
     }
@@ -78,10 +77,6 @@ int Run(int argument_count, char** arguments) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
-  try {
-    return Run(argument_count, arguments);
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "karvo: {}\n", error.what());
-    return 1;
-  }
+  return zenithor::RunProgram(
+      "karvo", [argument_count, arguments] { return Run(argument_count, arguments); });
 }

@@ -1,0 +1,2 @@
+# Output that cannot be written is no success.
+$KARVO --help >/dev/full
