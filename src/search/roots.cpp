@@ -32,8 +32,7 @@ double FunctionDeparture(RootWalk& walk, double t) {
   return FiniteDeparture(walk.problem, ValueAt(walk.problem.function, t));
 }
 
-double GuideDeparture(RootWalk& walk, double t) {
-  const RootProblem& problem = walk.problem;
+double GuideDeparture(const RootProblem& problem, double t) {
   return FiniteDeparture(problem, ValueAt(HasGuide(problem) ? problem.guide : problem.function, t));
 }
 
@@ -43,7 +42,7 @@ SearchNode NodeOf(const RootProblem& problem, double t, double guide) {
 
 SearchNode NodeAt(RootWalk& walk, double t) {
   --walk.values_left;
-  return NodeOf(walk.problem, t, GuideDeparture(walk, t));
+  return NodeOf(walk.problem, t, GuideDeparture(walk.problem, t));
 }
 
 double ValueOf(RootWalk& walk, SearchNode& node) {
@@ -98,7 +97,7 @@ Verdict Judge(double ya, double yb, double bulge, double slack) {
 }
 
 // The root of a cell on which the function is monotone and changes sign; the guide leads to it.
-// Newton's method with the guide's slope; the bracket's ends are the cell's.
+// Secants from there, the first with the guide's slope. NaN when they lead astray.
 double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
   constexpr int kMostSteps = 8;
   const RootProblem& problem = walk.problem;
@@ -109,27 +108,34 @@ double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
   const double reach = problem.guide_error / std::fabs(chord_slope);
   double t = RootInBracket({a.t, a.guide}, {b.t, b.guide},
                            std::fmax(0.5 * problem.tolerance, 0.05 * reach),
-                           [&walk](double moment) { return GuideDeparture(walk, moment); });
+                           [&problem](double moment) { return GuideDeparture(problem, moment); });
   const double span =
       std::fmin(std::fmax(reach, std::ldexp(problem.step, -12)), 0.25 * (b.t - a.t));
-  const double slope =
-      (GuideDeparture(walk, t + span) - GuideDeparture(walk, t - span)) / (2.0 * span);
+  double slope =
+      (GuideDeparture(problem, t + span) - GuideDeparture(problem, t - span)) / (2.0 * span);
   if (!(slope * chord_slope > 0.0)) {
     return kNaN;
   }
   double last_move = std::numeric_limits<double>::infinity();
+  double last_y = 0.0;
   for (int step = 0; step < kMostSteps; ++step) {
-    const double move = -FunctionDeparture(walk, t) / slope;
-    t += move;
-    if (!(t >= a.t && t <= b.t) || !(std::fabs(move) < last_move)) {
-      return std::fabs(move) <= problem.tolerance && t >= a.t && t <= b.t ? t : kNaN;
+    const double y = FunctionDeparture(walk, t);
+    if (step > 0 && std::fabs(y - last_y) > 100.0 * problem.noise) {
+      slope = (y - last_y) / last_move;
     }
-    // The moves shrink by about the same factor each time: what would be left to go.
-    const double rest = std::isinf(last_move) ? std::fabs(move) : move * move / last_move;
-    if (rest <= 0.5 * problem.tolerance || std::fabs(move * slope) <= 2.0 * problem.noise) {
+    const double move = -y / slope;
+    t += move;
+    const double size = std::fabs(move);
+    if (!(t >= a.t && t <= b.t) || !(size < std::fabs(last_move))) {
+      return size <= problem.tolerance && t >= a.t && t <= b.t ? t : kNaN;
+    }
+    // What a secant is wrong by.
+    const double rest = step == 0 ? size : 0.5 * problem.bend * size * std::fabs(last_move / slope);
+    if (rest <= 0.5 * problem.tolerance || std::fabs(y) <= 2.0 * problem.noise) {
       return t;
     }
-    last_move = std::fabs(move);
+    last_move = move;
+    last_y = y;
   }
   return kNaN;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <random>
 #include <vector>
@@ -31,9 +32,12 @@ struct TrigonometricSum {
   double Derivative(int order, double t) const {
     double sum = order == 0 ? drift * (t - kEpoch) : (order == 1 ? drift : 0.0);
     for (const Term& term : terms) {
+      double factor = term.amplitude;
+      for (int i = 0; i < order; ++i) {
+        factor *= term.frequency;
+      }
       const double quarter_turns = 1.5707963267948966 * order;
-      sum += term.amplitude * std::pow(term.frequency, order) *
-             std::cos(term.frequency * (t - kEpoch) + term.phase + quarter_turns);
+      sum += factor * std::cos(term.frequency * (t - kEpoch) + term.phase + quarter_turns);
     }
     return sum;
   }
@@ -56,6 +60,10 @@ struct TrigonometricSum {
     return 4e-16 * (std::fabs(drift) * farthest + Bound(0) + Bound(1) * farthest);
   }
 };
+
+inline std::size_t IndexBelow(std::mt19937_64& random, std::size_t size) {
+  return static_cast<std::size_t>(random() % size);
+}
 
 inline TrigonometricSum RandomSum(std::mt19937_64& random, int terms, double drift) {
   std::uniform_real_distribution<double> amplitude(-1.0, 1.0);

@@ -11,6 +11,7 @@ namespace zenithor {
 namespace {
 
 using testing::AllRoots;
+using testing::IndexBelow;
 using testing::kEpoch;
 using testing::RandomSum;
 using testing::ScannedRoots;
@@ -363,7 +364,8 @@ TEST(FindRoots, GivesTheSameBitsInEverySpan) {
     for (int cut = 0; cut < 50; ++cut) {
       double between = any(random);
       if (!all.empty() && cut % 2 == 0) {
-        between = all[random() % all.size()].moment;  // a span begins with it or ends before it
+        between =
+            all[IndexBelow(random, all.size())].moment;  // a span begins with it or ends before it
         if (cut % 4 == 0) {
           between = std::nextafter(between, to);
         }

@@ -11,6 +11,7 @@ namespace zenithor {
 namespace {
 
 using testing::AllTurningPoints;
+using testing::IndexBelow;
 using testing::kEpoch;
 using testing::RandomSum;
 using testing::ScannedRoots;
@@ -124,7 +125,7 @@ TEST(FindTurningPoints, GivesTheSameBitsInEverySpan) {
   ASSERT_GE(all.size(), 20U);
   std::uniform_real_distribution<double> any(from, to);
   for (int cut = 0; cut < 200; ++cut) {
-    const double between = cut % 2 == 0 ? any(random) : all[random() % all.size()].moment;
+    const double between = cut % 2 == 0 ? any(random) : all[IndexBelow(random, all.size())].moment;
     auto parts = AllTurningPoints(problem, from, between);
     for (const Root& turn : AllTurningPoints(problem, between, to)) {
       parts.push_back(turn);
