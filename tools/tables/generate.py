@@ -8,6 +8,7 @@ to the unit of the table by shifting the decimal point, so no digit is lost or i
 import argparse
 import csv
 import sys
+from datetime import date
 from decimal import Decimal
 from pathlib import Path
 
@@ -88,6 +89,36 @@ def lunar_latitude_terms():
 def delta_t_terms():
     out = [r["delta_t"] + "," for r in rows_of("data/rising/delta-t.csv")]
     return table("Delta T from 1620 to 1992, one value per two years [0.1 s]", out)
+
+
+def clock_leap_terms():
+    """From each date on, TT - UTC: TAI - UTC and the constant 32.184 s."""
+    out = []
+    for r in rows_of("data/clock/leap-seconds.csv"):
+        julian_day = date.fromisoformat(r["date"]).toordinal() + Decimal("1721424.5")
+        seconds = Decimal(r["tai_minus_utc"]) + Decimal("32.184")
+        out.append(f"{{{julian_day}, {seconds}}},  // {r['date']}")
+    return table("UTC: Julian day from which on it holds, TT - UTC [s]; data/clock/leap-seconds.csv, "
+                 "IERS Bulletin C", out)
+
+
+def clock_polynomial_terms():
+    """The rows before the leap seconds; where a coefficient is printed as a quotient it stays one."""
+    out = []
+    for r in rows_of("data/clock/delta-t-polynomials.csv"):
+        first = "-kInfinity" if r["from"] == "-inf" else scaled(r["from"], 0)
+        if r["from"] != "-inf" and float(r["from"]) >= 1972:
+            continue
+        coefficients = []
+        for k in range(8):
+            numerator, _, denominator = (r[f"c{k}"] or "0").partition("/")
+            text = scaled(numerator, 0)
+            coefficients.append(f"{text} / {scaled(denominator, 0)}" if denominator else text)
+        out.append(f"{{{first}, {scaled(r['origin'], 0)}, {scaled(r['scale'], 0)}, "
+                   f"{{{', '.join(coefficients)}}}}},")
+    return table("Before UTC: year from which on it holds, origin and scale of t [years], coefficients of "
+                 "TT - UT [s] in rising powers of t; data/clock/delta-t-polynomials.csv, F. Espenak, "
+                 "J. Meeus, NASA/TP-2006-214141", out)
 
 
 def libration_terms(quantity):
@@ -269,6 +300,8 @@ TABLES = {
     "src/orbits/pluto_series_terms.inc": pluto_series_terms,
     "src/orbits/whole_nutation_terms.inc": whole_nutation_terms,
     "src/time/delta_t_terms.inc": delta_t_terms,
+    "src/time/clock_leap_terms.inc": clock_leap_terms,
+    "src/time/clock_polynomial_terms.inc": clock_polynomial_terms,
 }
 
 
