@@ -8,7 +8,7 @@ build=$1
 cache=$build/tidy
 mkdir -p "$cache"
 common=$({
-  clang-tidy-14 --version
+  clang-tidy --version
   cat .clang-tidy CMakeLists.txt cmake/*
 } | sha256sum)
 
@@ -23,11 +23,11 @@ check() {
   local file=$1 key
   shift
   # The file and what it includes of ours.
-  key=$(clang++-14 -std=c++17 -MM -MG -Isrc -Iinclude -Itests -Iapps/shared "$file" | tr -d '\\' | tr ' ' '\n' |
+  key=$(clang++ -std=c++17 -MM -MG -Isrc -Iinclude -Itests -Iapps/shared "$file" | tr -d '\\' | tr ' ' '\n' |
     while read -r name; do case $name in /*) ;; *) [ ! -f "$name" ] || cat "$name" ;; esac; done | sha256sum)
   key=$cache/$(echo "$common $* $file $key" | sha256sum | cut -d' ' -f1)
   [ -e "$key" ] && return 0
-  clang-tidy-14 --quiet "$file" "$@" 2>"$key.notes" || {
+  clang-tidy --quiet "$file" "$@" 2>"$key.notes" || {
     cat "$key.notes"
     return 1
   }
