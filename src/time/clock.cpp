@@ -5,7 +5,7 @@
 #include <iterator>
 #include <limits>
 
-#include "time/angles.h"
+#include "numerics/polynomials.h"
 
 namespace zenithor {
 
