@@ -3,7 +3,7 @@
 #include "entry/answers.h"
 #include "host/process_store.h"
 #include "support/full_store.h"
-#include "support/position_golden.h"
+#include "support/untouched.h"
 
 namespace zenithor {
 namespace {

@@ -7,7 +7,8 @@
 #include "events/event_answer.h"
 #include "events/event_block.h"
 #include "events/event_table.h"
-#include "support/event_golden.h"
+#include "support/golden.h"
+#include "support/untouched.h"
 
 namespace zenithor {
 namespace {
@@ -49,10 +50,11 @@ void ExpectOnly(const EventRecord& record, EventFamily family, int filled) {
 }
 
 TEST(EventExports, MeetTheGoldenAnswers) {
-  const testing::GoldenSummary summary =
-      testing::CheckGoldenEvents([](const testing::EventCall& call, EventRecord* record) {
-        return AnswerEvent(BlockOfExport(call.name), call.julian_day, call.selector, record);
-      });
+  golden::Functions functions;
+  functions.event = [](const golden::EventCall& call, EventRecord* record) {
+    return AnswerEvent(BlockOfExport(call.name), call.julian_day, call.selector, record);
+  };
+  const golden::Summary summary = testing::CheckGolden("events.tsv", functions);
   EXPECT_EQ(summary.cases, 768);
   EXPECT_EQ(summary.failures, 0) << summary.first_failure;
 }

@@ -7,8 +7,8 @@
 
 #include "events/event_answer.h"
 #include "events/season.h"
-#include "support/event_golden.h"
 #include "support/text_files.h"
+#include "support/untouched.h"
 #include "time/julian_day.h"
 
 namespace zenithor {

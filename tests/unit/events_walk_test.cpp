@@ -7,7 +7,7 @@
 
 #include "events/event_answer.h"
 #include "events/event_table.h"
-#include "support/event_golden.h"
+#include "support/untouched.h"
 
 namespace zenithor {
 namespace {

@@ -14,7 +14,8 @@
 #include "orbits/topocentric.h"
 #include "orbits/vectors.h"
 #include "positions/pluto_position.h"
-#include "support/position_golden.h"
+#include "support/text_files.h"
+#include "support/untouched.h"
 #include "time/constants.h"
 
 namespace zenithor {

@@ -7,7 +7,8 @@
 #include <limits>
 
 #include "support/full_store.h"
-#include "support/rising_golden.h"
+#include "support/golden.h"
+#include "support/text_files.h"
 
 namespace zenithor {
 namespace {
@@ -16,16 +17,16 @@ using testing::FullStore;
 
 TEST(Rising, MeetsTheGoldenAnswersOfEveryBody) {
   MomentCache cache;
-  const testing::RisingSummary summary =
-      testing::CheckGoldenRisings([&cache](const testing::RisingCall& call) {
-        return ComputeRising(FullStore(), cache,
-                             {call.day_number, call.minutes, call.zone_hours, call.longitude_west,
-                              call.latitude, call.code},
-                             call.selector);
-      });
+  golden::Functions functions;
+  functions.rising = [&cache](const golden::RisingCall& call) {
+    return ComputeRising(FullStore(), cache,
+                         {call.day_number, call.minutes, call.zone_hours, call.longitude_west,
+                          call.latitude, call.code},
+                         call.selector);
+  };
+  const golden::Summary summary = testing::CheckGolden("rising.tsv", functions);
   EXPECT_EQ(summary.cases, 649);
   EXPECT_EQ(summary.failures, 0) << summary.first_failure;
-  RecordProperty("largest_difference_minutes", std::to_string(summary.largest_difference));
 }
 
 // A day at Boston; every test changes what it looks at.
