@@ -27,7 +27,7 @@ constexpr double kLatitudeArgument[] = {93.2720993, 483202.0175273, -0.0034029, 
 
 template <std::size_t N>
 double Argument(const double (&coefficients)[N], double centuries) {
-  return ReduceAngle(EvaluatePolynomial(coefficients, N - 1, centuries) * kRadiansPerDegree);
+  return ReduceAngle(EvaluatePolynomial(coefficients, centuries) * kRadiansPerDegree);
 }
 
 }  // namespace
@@ -39,8 +39,16 @@ LunarArguments ComputeLunarArguments(double centuries) {
   arguments.M = Argument(kSunMeanAnomaly, centuries);
   arguments.Mprime = Argument(kMoonMeanAnomaly, centuries);
   arguments.F = Argument(kLatitudeArgument, centuries);
-  arguments.E = 1.0 - (0.0000074 * centuries + 0.002516) * centuries;
+  arguments.E = EccentricityFactor(centuries);
   return arguments;
+}
+
+double EccentricityFactor(double centuries) {
+  return 1.0 - (0.0000074 * centuries + 0.002516) * centuries;
+}
+
+double VenusArgument(double centuries) {
+  return (131.849 * centuries + 119.75) * kRadiansPerDegree;
 }
 
 }  // namespace zenithor

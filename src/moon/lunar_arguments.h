@@ -19,4 +19,13 @@ struct LunarArguments {
 // Astronomical Algorithms, chapter 47.
 LunarArguments ComputeLunarArguments(double centuries);
 
+// The eccentricity factor E at T Julian centuries from J2000.0: the eccentricity of the Earth's
+// orbit as a fraction of that of J2000.0. It goes with each multiple of the Sun's anomaly in the
+// argument of a term. Source: Meeus, formula 47.6.
+double EccentricityFactor(double centuries);
+
+// The argument of the terms that Venus causes [rad], not reduced, at T Julian centuries from
+// J2000.0: A1 of the longitude and latitude (Meeus, chapter 47), K1 of the librations (chapter 53).
+double VenusArgument(double centuries);
+
 }  // namespace zenithor

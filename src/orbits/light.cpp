@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "numerics/circle.h"
+#include "numerics/arctangent.h"
 #include "numerics/constants.h"
 #include "orbits/earth_velocity.h"
 #include "orbits/propagate_body.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "numerics/circle.h"
+#include "numerics/arctangent.h"
 #include "orbits/conic.h"
 #include "orbits/mean_elements.h"
 #include "orbits/moon_share.h"

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <iterator>
 
+#include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "numerics/multiples.h"
-#include "orbits/series_sum.h"
 #include "time/constants.h"
 
 namespace zenithor {

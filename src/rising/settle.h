@@ -2,8 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
+
+#include "numerics/cycle_watch.h"
 
 namespace zenithor {
 
@@ -30,8 +31,6 @@ struct Settled {
   Refinement run;
 };
 
-inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; }
-
 // Iterates from `m`. Ends when |correction| <= 0.0002, with the corrected m; when a correction is
 // not a number; or when m comes back, to the bit, to a value it has had: the correction depends on
 // m alone, so from there the same values follow for ever. Repetition is found by comparing with one
@@ -41,8 +40,7 @@ inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) 
 template <class Correction>
 Settled Settle(double m, Correction correction) {
   constexpr double kNever = std::numeric_limits<double>::quiet_NaN();
-  double remembered = m;
-  std::int32_t renew_at = 1;
+  CycleWatch watch{m};
   for (std::int32_t steps = 1; steps <= kGiveUpSteps; ++steps) {
     const double dm = correction(m);
     m += dm;
@@ -52,12 +50,8 @@ Settled Settle(double m, Correction correction) {
     if (std::isnan(dm)) {
       return {kNever, {steps, Ending::kNotANumber}};
     }
-    if (SameBits(m, remembered)) {
+    if (watch.Repeats(m)) {
       return {kNever, {steps, Ending::kRepeats}};
-    }
-    if (steps == renew_at) {
-      remembered = m;
-      renew_at *= 2;
     }
   }
   return {kNever, {kGiveUpSteps, Ending::kGivenUp}};

@@ -22,7 +22,7 @@ constexpr double kOrbitObliquity[] = {84381.406173, -468.3396,  -0.0175,   1.998
 }  // namespace
 
 double MeanObliquity(double centuries) {
-  return EvaluatePolynomial(kLaskar, 10, 0.01 * centuries) * kRadiansPerArcsecond;
+  return EvaluatePolynomial(kLaskar, 0.01 * centuries) * kRadiansPerArcsecond;
 }
 
 void CachedObliquity(double julian_day, ObliquityCache& cache) {
@@ -30,7 +30,7 @@ void CachedObliquity(double julian_day, ObliquityCache& cache) {
     return;
   }
   const double t = static_cast<double>((julian_day - kJ2000) * kCenturiesPerDay) * 0.1;
-  cache.epsilon = EvaluatePolynomial(kOrbitObliquity, 10, t) * kRadiansPerArcsecond;
+  cache.epsilon = EvaluatePolynomial(kOrbitObliquity, t) * kRadiansPerArcsecond;
   cache.cos_epsilon = std::cos(cache.epsilon);
   cache.sin_epsilon = std::sin(cache.epsilon);
   cache.julian_day = julian_day;
