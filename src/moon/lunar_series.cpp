@@ -5,11 +5,10 @@
 #include <iterator>
 
 #include "moon/lunar_arguments.h"
-#include "numerics/angles.h"
 #include "numerics/constants.h"
-#include "numerics/polynomials.h"
 #include "numerics/trigonometric_series.h"
 #include "numerics/turns.h"
+#include "time/mean_angle.h"
 
 namespace zenithor {
 
@@ -129,8 +128,7 @@ double SumLunarDistanceTerms(const LunarSeriesState& state) {
 }
 
 LunarPosition ComputeLunarPosition(double centuries) {
-  const double lprime =
-      ReduceAngle(EvaluatePolynomial(kMeanLongitude, centuries) * kRadiansPerDegree);
+  const double lprime = MeanAngle(kMeanLongitude, centuries);
   const LunarArguments arguments = ComputeLunarArguments(centuries);
   // Additive arguments: Venus, Jupiter, and the flattening of the Earth.
   const double a1 = VenusArgument(centuries);

@@ -8,9 +8,6 @@ namespace zenithor {
 // motion.
 // Source: Explanatory Supplement to the Astronomical Almanac (1992), section 3.3.
 
-// Light time [day] for unit distance.
-constexpr double kLightDaysPerAu = 0.005775518330577741;
-
 // The change of right ascension, in (-pi, pi), and of declination [rad] between two directions.
 struct DirectionChange {
   double alpha;

@@ -27,30 +27,20 @@ constexpr double kInclination[] = {
     0.0,           0.00227850649, -1.62442e-05, -6.012e-07, 1.32115526e-09, -5.4000441e-11,
     2.4650839e-11, 2.50341e-13,   -8.26287e-14, 7.3759e-17, 1.2147e-16};
 
-void RotateAboutThirdAxis(double angle, Rectangular& v) {
+void TurnAboutThirdAxis(double angle, Rectangular& v) {
   const double c = std::cos(angle);
   const double s = std::sin(angle);
   v = {c * v.x + s * v.y, -s * v.x + c * v.y, v.z};
 }
 
-void RotateAboutFirstAxis(double angle, Rectangular& v) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
-  v = {v.x, c * v.y + s * v.z, -s * v.y + c * v.z};
-}
-
 }  // namespace
 
 Rectangular EquatorToEcliptic(const Rectangular& v, const ObliquityCache& obliquity) {
-  const double c = obliquity.cos_epsilon;
-  const double s = obliquity.sin_epsilon;
-  return {v.x, c * v.y + s * v.z, -s * v.y + c * v.z};
+  return TurnAboutFirstAxis(v, obliquity.cos_epsilon, obliquity.sin_epsilon);
 }
 
 Rectangular EclipticToEquator(const Rectangular& v, const ObliquityCache& obliquity) {
-  const double c = obliquity.cos_epsilon;
-  const double s = obliquity.sin_epsilon;
-  return {v.x, c * v.y - s * v.z, s * v.y + c * v.z};
+  return TurnBackAboutFirstAxis(v, obliquity.cos_epsilon, obliquity.sin_epsilon);
 }
 
 void PrecessVector(double julian_day, PrecessionDirection direction, ObliquityCache& obliquity,
@@ -67,9 +57,10 @@ void PrecessVector(double julian_day, PrecessionDirection direction, ObliquityCa
   const double general = kRadiansPerArcsecond * t * EvaluatePolynomial(kGeneralPrecession, t);
   const double node = EvaluatePolynomial(kNode, t);
   const double inclination = EvaluatePolynomial(kInclination, t);
-  RotateAboutThirdAxis(to_j2000 ? node + general : node, vector);
-  RotateAboutFirstAxis(to_j2000 ? -inclination : inclination, vector);
-  RotateAboutThirdAxis(to_j2000 ? -node : -node - general, vector);
+  TurnAboutThirdAxis(to_j2000 ? node + general : node, vector);
+  const double tilt = to_j2000 ? -inclination : inclination;
+  vector = TurnAboutFirstAxis(vector, std::cos(tilt), std::sin(tilt));
+  TurnAboutThirdAxis(to_j2000 ? -node : -node - general, vector);
 
   CachedObliquity(to_j2000 ? kJ2000 : julian_day, obliquity);
   vector = EclipticToEquator(vector, obliquity);

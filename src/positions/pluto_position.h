@@ -5,15 +5,6 @@
 
 namespace zenithor {
 
-// Ecliptic place at a Julian day of an equatorial vector: longitude in [0, 2 pi), latitude, length.
-// Rotated with the mean obliquity of the day.
-Spherical EclipticPlaceOfDate(double julian_day, const Rectangular& vector_of_date,
-                              ObliquityCache& obliquity);
-
-// The same of a vector that is referred to J2000.0 and is precessed first.
-Spherical EclipticPlaceFromJ2000(double julian_day, const Rectangular& vector,
-                                 ObliquityCache& obliquity);
-
 // Pluto's heliocentric and apparent geocentric place at a Julian day, written into fields 1 to 8 of
 // `record` in degrees, hours and astronomical units. The day serves unchanged as dynamical and as
 // universal time. The observer's place [deg] changes no field. Always answers.

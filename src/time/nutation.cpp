@@ -3,16 +3,15 @@
 #include <cstddef>
 #include <iterator>
 
-#include "numerics/angles.h"
 #include "numerics/constants.h"
-#include "numerics/polynomials.h"
 #include "numerics/trigonometric_series.h"
+#include "time/mean_angle.h"
 
 namespace zenithor {
 
 namespace {
 
-// Fundamental arguments [deg] as cubics in T.
+// Fundamental arguments, cubics in T [deg], rising powers.
 constexpr double kMoonNode[] = {125.0445222, -1934.1362608, 0.00207833, 2.22e-06};
 constexpr double kSunAnomaly[] = {357.5277233, 35999.05034, -0.0001603, -3.33e-06};
 constexpr double kMoonAnomaly[] = {134.9629814, 477198.8673981, 0.0086972, 1.778e-05};
@@ -41,18 +40,13 @@ constexpr std::size_t CountObliquityTerms() {
 static_assert(std::size(kNutationTerms) == 63, "table 22.A has 63 rows");
 static_assert(CountObliquityTerms() == 38, "38 rows have a cosine coefficient");
 
-double FundamentalArgument(const double (&coefficients)[4], double centuries) {
-  return ReduceAngle(EvaluatePolynomial(coefficients, centuries) * kRadiansPerDegree);
-}
-
 }  // namespace
 
 NutationAngles Nutation(double centuries) {
-  const double arguments[] = {FundamentalArgument(kMoonElongation, centuries),
-                              FundamentalArgument(kSunAnomaly, centuries),
-                              FundamentalArgument(kMoonAnomaly, centuries),
-                              FundamentalArgument(kMoonLatitudeArgument, centuries),
-                              FundamentalArgument(kMoonNode, centuries)};
+  const double arguments[] = {MeanAngle(kMoonElongation, centuries),
+                              MeanAngle(kSunAnomaly, centuries), MeanAngle(kMoonAnomaly, centuries),
+                              MeanAngle(kMoonLatitudeArgument, centuries),
+                              MeanAngle(kMoonNode, centuries)};
   const auto arcseconds = SumRows<NutationAngles, kNutationTerms>(
       arguments,
       [centuries](const NutationTerm& term, double cosine, double sine, NutationAngles& sums) {

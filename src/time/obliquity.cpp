@@ -4,7 +4,7 @@
 
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
-#include "time/constants.h"
+#include "time/julian_day.h"
 
 namespace zenithor {
 
@@ -29,7 +29,7 @@ void CachedObliquity(double julian_day, ObliquityCache& cache) {
   if (julian_day == cache.julian_day) {
     return;
   }
-  const double t = static_cast<double>((julian_day - kJ2000) * kCenturiesPerDay) * 0.1;
+  const double t = JulianCenturies(julian_day) * 0.1;
   cache.epsilon = EvaluatePolynomial(kOrbitObliquity, t) * kRadiansPerArcsecond;
   cache.cos_epsilon = std::cos(cache.epsilon);
   cache.sin_epsilon = std::sin(cache.epsilon);

@@ -31,6 +31,15 @@ Spherical RectangularToSpherical(const Rectangular& place);
 // The body as seen from the observer, both heliocentric.
 Spherical GeocentricPosition(const Spherical& body, const Spherical& observer);
 
+// A vector's coordinates in axes turned about the first one by an angle given by its cosine and
+// sine, and back. By the obliquity that leads from the equator to the ecliptic, and back.
+inline Rectangular TurnAboutFirstAxis(const Rectangular& v, double cosine, double sine) {
+  return {v.x, cosine * v.y + sine * v.z, -sine * v.y + cosine * v.z};
+}
+inline Rectangular TurnBackAboutFirstAxis(const Rectangular& v, double cosine, double sine) {
+  return {v.x, cosine * v.y - sine * v.z, sine * v.y + cosine * v.z};
+}
+
 Equatorial EclipticToEquatorial(double lambda, double beta, double epsilon);
 
 }  // namespace zenithor
