@@ -13,8 +13,8 @@ struct LunarArguments {
 };
 
 // The arguments at T Julian centuries from J2000.0, the angles in [0, 2 pi). Any T is answered;
-// from about a million centuries on an angle is what rounding leaves of it, and not-a-number where
-// its polynomial overflows. Several coefficients differ from the published ones on purpose
+// from about a million centuries on an angle is what rounding leaves of it, and NaN where its
+// polynomial overflows. Several coefficients differ from the published ones on purpose
 // (docs/deliberate.md). Source: M. Chapront-Touze, J. Chapront, ELP-2000/82, as in Meeus,
 // Astronomical Algorithms, chapter 47.
 LunarArguments ComputeLunarArguments(double centuries);

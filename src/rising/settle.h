@@ -20,14 +20,14 @@ constexpr std::int32_t kGiveUpSteps = 100000;
 
 enum class Ending { kNotRun, kSettled, kNotANumber, kRepeats, kGivenUp };
 
-// How an iteration went: for those who measure.
+// How an iteration went; tests and the scan read it, no answer depends on it.
 struct Refinement {
   std::int32_t steps;  // corrections computed
   Ending ending;
 };
 
 struct Settled {
-  double value;  // not-a-number when the iteration does not settle
+  double value;  // NaN when the iteration does not settle
   Refinement run;
 };
 
