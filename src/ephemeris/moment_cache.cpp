@@ -22,8 +22,8 @@ Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries,
   return place;
 }
 
-Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
-                                MomentCache& cache) {
+Spherical CachedSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                              MomentCache& cache) {
   return SunSeenFrom(CachedSeries(store, slot, centuries, cache));
 }
 

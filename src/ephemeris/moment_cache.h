@@ -34,8 +34,8 @@ struct MomentCache {
 Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries, MomentCache& cache);
 
 // EvaluateSunGeocentric(store, slot, centuries), by way of CachedSeries.
-Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
-                                MomentCache& cache);
+Spherical CachedSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                              MomentCache& cache);
 
 // Nutation(centuries), from the cache where it holds that.
 NutationAngles CachedNutation(double centuries, MomentCache& cache);

@@ -66,7 +66,7 @@ TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
     const int slot = call % 5 == 0 ? kEarthJ2000Slot : kEarthSlot;
     EXPECT_TRUE(SameBits(CachedSeries(FullStore(), slot, centuries, cache),
                          EvaluateSeries(FullStore(), slot, centuries)));
-    EXPECT_TRUE(SameBits(EvaluateSunGeocentric(FullStore(), slot, centuries, cache),
+    EXPECT_TRUE(SameBits(CachedSunGeocentric(FullStore(), slot, centuries, cache),
                          EvaluateSunGeocentric(FullStore(), slot, centuries)));
     EXPECT_TRUE(SameBits(CachedNutation(centuries, cache), Nutation(centuries)));
   }

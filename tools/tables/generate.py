@@ -287,7 +287,7 @@ def whole_nutation_terms():
     path = "data/nutation/iau1980-106-terms.csv"
     out = []
     for r in rows_of(path)[1:]:
-        cells = [r[k] for k in ("mprime", "m", "f", "d", "omega", "longitude_sin", "obliquity_cos")]
+        cells = [braced(r, ("mprime", "m", "f", "d", "omega")), r["longitude_sin"], r["obliquity_cos"]]
         for k in ("longitude_sin_rate", "obliquity_cos_rate"):
             rate = Decimal(r[k]).scaleb(1)
             if rate != int(rate):
