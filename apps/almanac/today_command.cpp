@@ -77,7 +77,7 @@ Columns AllColumns() {
   return columns;
 }
 
-// A record in which a field that is still not-a-number was not written.
+// A record in which a field that is still NaN was not written.
 BodyPositionRecord EmptyRecord() {
   constexpr double kUnwritten = std::numeric_limits<double>::quiet_NaN();
   BodyPositionRecord record{};

@@ -1,10 +1,7 @@
 #include "moon/lunar_arguments.h"
 
-#include <cstddef>
-
-#include "numerics/angles.h"
 #include "numerics/constants.h"
-#include "numerics/polynomials.h"
+#include "time/mean_angle.h"
 
 namespace zenithor {
 
@@ -25,22 +22,25 @@ constexpr double kMoonMeanAnomaly[] = {134.9634114, 477198.8676313, 0.008997, 1.
 constexpr double kLatitudeArgument[] = {93.2720993, 483202.0175273, -0.0034029, 2.836075e-07,
                                         1.15833e-09};
 
-template <std::size_t N>
-double Argument(const double (&coefficients)[N], double centuries) {
-  return ReduceAngle(EvaluatePolynomial(coefficients, N - 1, centuries) * kRadiansPerDegree);
-}
-
 }  // namespace
 
 LunarArguments ComputeLunarArguments(double centuries) {
   LunarArguments arguments;
-  arguments.Omega = Argument(kMeanNode, centuries);
-  arguments.D = Argument(kMeanElongation, centuries);
-  arguments.M = Argument(kSunMeanAnomaly, centuries);
-  arguments.Mprime = Argument(kMoonMeanAnomaly, centuries);
-  arguments.F = Argument(kLatitudeArgument, centuries);
-  arguments.E = 1.0 - (0.0000074 * centuries + 0.002516) * centuries;
+  arguments.Omega = MeanAngle(kMeanNode, centuries);
+  arguments.D = MeanAngle(kMeanElongation, centuries);
+  arguments.M = MeanAngle(kSunMeanAnomaly, centuries);
+  arguments.Mprime = MeanAngle(kMoonMeanAnomaly, centuries);
+  arguments.F = MeanAngle(kLatitudeArgument, centuries);
+  arguments.E = EccentricityFactor(centuries);
   return arguments;
+}
+
+double EccentricityFactor(double centuries) {
+  return 1.0 - (0.0000074 * centuries + 0.002516) * centuries;
+}
+
+double VenusArgument(double centuries) {
+  return (131.849 * centuries + 119.75) * kRadiansPerDegree;
 }
 
 }  // namespace zenithor

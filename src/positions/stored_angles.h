@@ -4,8 +4,8 @@ namespace zenithor {
 
 // How an angle gets into a field of the record. Pluto's driver writes its angles as they are.
 
-// The planets' driver; `limit` is 360 degrees or 24 hours. From the limit on, the limit is
-// subtracted once.
+// The planets' driver; `limit` is 360 [deg] or 24 [hours] and `value` has that unit. From the limit
+// on, the limit is subtracted once.
 // Kept on purpose: below 0 the sign is flipped instead of the limit added (a longitude of -0.001
 // degree is stored as 0.001), and an exact 0 or NaN leaves the caller's value in place.
 inline void StoreAngle(double value, double limit, double& field) {

@@ -60,13 +60,13 @@ class OneTermStore {
 
 TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
   MomentCache cache;
-  // Moments come back at distances below and above the number of observers that are kept.
+  // Moments come back at distances below and above the number of places that are kept.
   for (int call = 0; call < 400; ++call) {
     const double centuries = -20.0 + 0.37 * ((call * call) % 7) + (call % 3 == 0 ? 0.0 : 1.0);
     const int slot = call % 5 == 0 ? kEarthJ2000Slot : kEarthSlot;
     EXPECT_TRUE(SameBits(CachedSeries(FullStore(), slot, centuries, cache),
                          EvaluateSeries(FullStore(), slot, centuries)));
-    EXPECT_TRUE(SameBits(EvaluateSunGeocentric(FullStore(), slot, centuries, cache),
+    EXPECT_TRUE(SameBits(CachedSunGeocentric(FullStore(), slot, centuries, cache),
                          EvaluateSunGeocentric(FullStore(), slot, centuries)));
     EXPECT_TRUE(SameBits(CachedNutation(centuries, cache), Nutation(centuries)));
   }
@@ -74,15 +74,15 @@ TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
 
 TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
   MomentCache cache;
-  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+  for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     CachedSeries(FullStore(), kEarthSlot, k, cache);
   }
   CachedNutation(0.5, cache);
-  for (MomentCache::Observer& kept : cache.observers) {
+  for (MomentCache::KeptPlace& kept : cache.places) {
     kept.place.radius = 1000.0 + kept.centuries;
   }
   cache.nutation.dpsi = 2000.0;
-  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+  for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     EXPECT_EQ(CachedSeries(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
   }
   EXPECT_EQ(CachedNutation(0.5, cache).dpsi, 2000.0);

@@ -454,7 +454,7 @@ TEST(EclipseSearch, GivesUpAtOnceWhereLunationsCannotBeCounted) {
 }
 
 TEST(EclipseSearch, GivesUpAfterAMillionLunations) {
-  // At 1e15 days nothing is left of the angles: M is 0 after reduction, and E is so large and
+  // At 1e15 days rounding is larger than a turn: M is 0 after reduction, and E is so large and
   // negative that u stays below zero. For the Moon just that ends the search.
   EXPECT_FALSE(FindSolarEclipse(1e15).found);
   EXPECT_TRUE(FindLunarEclipse(1e15).found);

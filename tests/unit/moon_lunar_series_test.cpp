@@ -264,34 +264,6 @@ TEST(LunarSeries, KeptOnPurposeArgumentsAreThoseOfTheFirstVersion) {
   EXPECT_NEAR(LargestDifference(kSecondVersion, 5.0).seconds, 29.0, 0.2);
 }
 
-TEST(LunarSeries, LiftingEqualsTurnByTurnAddition) {
-  std::mt19937_64 random(2);
-  std::uniform_real_distribution<double> exponent(-3.0, 22.0);
-  for (int k = 0; k < 500; ++k) {
-    const double start = -std::exp2(exponent(random));
-    double expected = start;
-    while (expected < 0.0) {
-      expected += kTwoPi;
-    }
-    ASSERT_EQ(LiftAboveZero(start), expected) << start;
-  }
-}
-
-TEST(LunarSeries, LiftingEndsForEveryInput) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  EXPECT_EQ(LiftAboveZero(0.0), 0.0);
-  EXPECT_EQ(LiftAboveZero(7.0), 7.0);
-  EXPECT_EQ(LiftAboveZero(kInfinity), kInfinity);
-  EXPECT_EQ(LiftAboveZero(-kInfinity), -kInfinity);
-  EXPECT_EQ(LiftAboveZero(-1e300), -1e300);
-  EXPECT_TRUE(std::isnan(LiftAboveZero(std::nan(""))));
-  for (double start = -1.0; start > -1e16; start *= 1.7) {
-    const double lifted = LiftAboveZero(start);
-    EXPECT_GE(lifted, 0.0) << start;
-    EXPECT_LT(lifted, kTwoPi) << start;
-  }
-}
-
 TEST(LunarSeries, AnswersAnyMoment) {
   for (double t = 1.0; t < 1e308; t *= 9.7) {
     for (const double centuries : {t, -t}) {

@@ -8,7 +8,9 @@
 #include <limits>
 
 #include "numerics/constants.h"
+#include "orbits/constants.h"
 #include "orbits/earth_velocity.h"
+#include "orbits/ecliptic_place.h"
 #include "orbits/light.h"
 #include "orbits/propagate_body.h"
 #include "orbits/topocentric.h"
