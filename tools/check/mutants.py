@@ -245,6 +245,7 @@ class Bench:
         self.tree, self.limit, self.jobs = PLACE / "tree", limit, jobs
         self.build = self.tree / "build" / "linux"
         self.copy()
+        (self.build / "CMakeCache.txt").unlink(missing_ok=True)  # what it remembers of an earlier tree
         generator = ["-G", "Ninja"] if shutil.which("ninja") else []
         self.must(["cmake", "-S", str(self.tree), "-B", str(self.build), *generator,
                    "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DZENITHOR_TOOLS=OFF"])
