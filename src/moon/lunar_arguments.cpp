@@ -8,11 +8,11 @@ namespace zenithor {
 namespace {
 
 // Polynomials in T [deg], rising powers.
-// Kept on purpose: those of the theory's first version; with the mean longitude of the series up to
-// 1.6" of the Moon's place a century from J2000.0 and 29" five centuries away.
 // Kept on purpose: the quartic coefficients of Omega, D and Mprime and the cubic one of F are
 // positive where the theory has them negative, and D's is 8.84e-6 where it has 8.84e-9; at T = +-5
 // the elongation is off by 20", at +-20 by 1.4 degrees, the others by less than 0.03 degree.
+// Kept on purpose: they are those of the theory's first version; with the mean longitude of the
+// series up to 1.6" of the Moon's place a century from J2000.0 and 29" five centuries away.
 constexpr double kMeanNode[] = {125.044555, -1934.1361849, 0.0020762, 2.139449e-06, 1.64973e-08};
 constexpr double kMeanElongation[] = {297.8502042, 445267.1115168, -0.00163, 1.831945e-06,
                                       8.84447e-06};

@@ -15,9 +15,10 @@ namespace zenithor {
 namespace {
 
 // The Moon's mean longitude [deg], rising powers of T.
+// Kept on purpose: the quartic coefficient is positive where the theory has it negative; 0.07" at
+// T = +-5, 18" at +-20.
 // Kept on purpose: the theory's first version, like the other arguments; the Moon's place is 0.06"
-// from the second version's about J2000.0, 29" five centuries away. And the quartic coefficient is
-// positive where the theory has it negative; 0.07" at T = +-5, 18" at +-20.
+// from the second version's about J2000.0, 29" five centuries away.
 constexpr double kMeanLongitude[] = {218.3164591, 481267.88134236, -0.0013268, 1.855835e-06,
                                      1.53388e-08};
 constexpr double kMeanDistanceKm = 385000.56;

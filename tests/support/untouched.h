@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 
 #include "golden/untouched.h"
+#include "support/same_bytes.h"
 #include "zenithor/zenithor.h"
 
 namespace zenithor::testing {
@@ -21,10 +21,6 @@ constexpr int kDoubleCount = 17;
 inline const double* Doubles(const BodyPositionRecord& record) { return &record.HelioLongitude; }
 inline const std::int32_t* Integers(const BodyPositionRecord& record) { return &record.Year; }
 
-inline bool SameBits(const EventTimeBlock& a, const EventTimeBlock& b) {
-  return std::memcmp(&a, &b, sizeof(EventTimeBlock)) == 0;
-}
-
-inline bool IsZeroBits(const EventTimeBlock& block) { return SameBits(block, EventTimeBlock{}); }
+inline bool IsZeroBits(const EventTimeBlock& block) { return SameBytes(block, EventTimeBlock{}); }
 
 }  // namespace zenithor::testing

@@ -14,7 +14,7 @@ namespace zenithor {
 namespace {
 
 using testing::IsZeroBits;
-using testing::SameBits;
+using testing::SameBytes;
 using testing::UntouchedBlock;
 using testing::UntouchedEvents;
 
@@ -39,9 +39,9 @@ void ExpectOnly(const EventRecord& record, EventFamily family, int filled) {
   for (const BlockContents& row : kBlocks) {
     const EventTimeBlock& block = record.Blocks[row.block];
     if (row.family != family) {
-      EXPECT_TRUE(SameBits(block, UntouchedBlock())) << row.block << " was touched";
+      EXPECT_TRUE(SameBytes(block, UntouchedBlock())) << row.block << " was touched";
     } else if (row.block == filled || (filled >= 0 && row.kind == kAnyKind)) {
-      EXPECT_TRUE(SameBits(block, EventBlockAt(block.JulianDay))) << row.block;
+      EXPECT_TRUE(SameBytes(block, EventBlockAt(block.JulianDay))) << row.block;
       EXPECT_NE(block.JulianDay, 0.0) << row.block;
     } else {
       EXPECT_TRUE(IsZeroBits(block)) << row.block << " is not zeroed";

@@ -13,12 +13,14 @@
 #include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
+#include "support/expect_published.h"
 #include "support/text_files.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
 namespace {
 
+using testing::ExpectPublished;
 using testing::Published;
 
 LunarPosition MoonAt(double julian_day) {
@@ -36,12 +38,9 @@ double MeanLongitudeDegrees(double julian_day) {
 
 TEST(LunarSeries, MeetsTheWorkedExample) {
   const LunarPosition moon = MoonAt(2448724.5);
-  const auto longitude = Published("47.a", "lambda mean equinox");
-  EXPECT_NEAR(moon.lambda * kDegreesPerRadian, longitude.value, longitude.allowed);
-  const auto latitude = Published("47.a", "GeoLatitude");
-  EXPECT_NEAR(moon.beta * kDegreesPerRadian, latitude.value, latitude.allowed);
-  const auto distance = Published("47.a", "GeoDistance");
-  EXPECT_NEAR(moon.distance_km, distance.value, distance.allowed);
+  ExpectPublished("47.a", "lambda mean equinox", moon.lambda * kDegreesPerRadian);
+  ExpectPublished("47.a", "GeoLatitude", moon.beta * kDegreesPerRadian);
+  ExpectPublished("47.a", "GeoDistance", moon.distance_km);
 }
 
 // The example is printed with the mean longitude of the theory's second version.

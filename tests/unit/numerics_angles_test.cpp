@@ -54,8 +54,22 @@ TEST(ReduceDegrees, BringsEveryAngleIntoOneTurn) {
 TEST(ReduceRadians, BringsEveryAngleIntoOneTurn) {
   EXPECT_EQ(ReduceRadians(0.0), 0.0);
   EXPECT_EQ(ReduceRadians(kTwoPi), 0.0);
-  EXPECT_DOUBLE_EQ(ReduceRadians(-1.0), kTwoPi - 1.0);
-  EXPECT_DOUBLE_EQ(ReduceRadians(7.0), 7.0 - kTwoPi);
+  EXPECT_EQ(ReduceRadians(-kTwoPi), 0.0);
+  EXPECT_FALSE(std::signbit(ReduceRadians(-kTwoPi)));
+  EXPECT_EQ(ReduceRadians(-1.0), kTwoPi - 1.0);
+  EXPECT_EQ(ReduceRadians(7.0), 7.0 - kTwoPi);
+  // All whole turns go off in one subtraction: two roundings, of the turns and of the difference.
+  for (int k = -2000; k <= 2000; ++k) {
+    const double x = 9.77 * k * std::fabs(k);
+    const double reduced = ReduceRadians(x);
+    const double turns = std::floor(x / kTwoPi);
+    ASSERT_GE(reduced, 0.0) << x;
+    ASSERT_LT(reduced, kTwoPi) << x;
+    ASSERT_EQ(reduced, x - kTwoPi * turns) << x;
+    ASSERT_NEAR(reduced, static_cast<double>(x - static_cast<long double>(kTwoPi) * turns),
+                std::fabs(x) * 0x1p-53 + 0x1p-50)
+        << x;
+  }
 }
 
 TEST(ReduceAngles, BelowZeroByLessThanRoundingIsZero) {

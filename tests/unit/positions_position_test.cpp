@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "support/full_store.h"
 #include "support/golden.h"
+#include "support/same_bytes.h"
 #include "support/untouched.h"
 #include "time/obliquity.h"
 
@@ -17,16 +17,13 @@ namespace {
 using testing::FullStore;
 using testing::kUntouchedDouble;
 using testing::kUntouchedInteger;
+using testing::SameBytes;
 using testing::UntouchedRecord;
 
 double Position(const EphemerisStore& store, double julian_day, BodyCode code,
                 BodyPositionRecord* record) {
   PositionState state;
   return ComputePosition(store, state, julian_day, 0.0, 0.0, code, record);
-}
-
-bool SameBytes(const BodyPositionRecord& a, const BodyPositionRecord& b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 TEST(Position, MeetsTheGoldenAnswersOfEveryBody) {
