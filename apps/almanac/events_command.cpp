@@ -108,7 +108,7 @@ constexpr int kSelectors = 4;  // each export of a family has one of its own, in
 std::vector<SelectedExport> ExportsOf(const ZenithorLibrary& library, Family family) {
   std::vector<SelectedExport> exports;
 #define EXPORT_SELECTED_EVENT(name, block)                                              \
-  if ((block < ZENITHOR_BLOCK_NEW_MOON) == (family == Family::kSeasons)) {              \
+  if (((block) < ZENITHOR_BLOCK_NEW_MOON) == (family == Family::kSeasons)) {            \
     exports.push_back({#name, Exported(library.name, #name), static_cast<int>(block)}); \
   }
 #include "entry/export_list.inc"
