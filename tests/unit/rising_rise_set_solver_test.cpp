@@ -136,8 +136,8 @@ BareTimes SolveBare(const RiseSetProblem& p, int limit,
     return off /
            (kTwoPi * std::cos(sky.Declination(m)) * std::cos(phi) * std::sin(sky.HourAngle(m)));
   };
-  m0 = BareLoop(
-      m0, [&](double m) { return -sky.HourAngle(m) / kTwoPi; }, limit);
+  const auto transit_correction = [&](double m) { return -sky.HourAngle(m) / kTwoPi; };
+  m0 = BareLoop(m0, transit_correction, limit);
   m1 = BareLoop(m1, altitude_correction, limit);
   m2 = BareLoop(m2, altitude_correction, limit);
   const auto into_day = [](double m) { return m < 0.0 ? m + 1.0 : (m > 1.0 ? m - 1.0 : m); };

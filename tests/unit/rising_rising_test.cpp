@@ -40,6 +40,7 @@ struct Call {
   BodyCode code = ZENITHOR_VENUS;
   std::int32_t selector = ZENITHOR_RISE;
 };
+using CallArgument = double Call::*;
 
 double Answer(const EphemerisStore& store, const Call& call) {
   MomentCache cache;
@@ -94,8 +95,8 @@ TEST(Rising, ReturnsZeroForSlotsThatAreNotLoaded) {
 TEST(Rising, ReturnsNotANumberForArgumentsThatAreNotFinite) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   for (const double value : {std::nan(""), kInfinity, -kInfinity}) {
-    for (double Call::*const argument : {&Call::day_number, &Call::minutes, &Call::zone_hours,
-                                         &Call::longitude_west, &Call::latitude}) {
+    for (const CallArgument argument : {&Call::day_number, &Call::minutes, &Call::zone_hours,
+                                        &Call::longitude_west, &Call::latitude}) {
       for (const BodyCode code : {ZENITHOR_SUN, ZENITHOR_JUPITER, ZENITHOR_MOON}) {
         Call call;
         call.*argument = value;
@@ -151,8 +152,8 @@ TEST(Rising, AlwaysReturnsForExtremeArguments) {
                                   -1e300,
                                   1.7976931348623157e308};
   for (const double value : kExtremes) {
-    for (double Call::*const argument : {&Call::day_number, &Call::minutes, &Call::zone_hours,
-                                         &Call::longitude_west, &Call::latitude}) {
+    for (const CallArgument argument : {&Call::day_number, &Call::minutes, &Call::zone_hours,
+                                        &Call::longitude_west, &Call::latitude}) {
       for (const BodyCode code :
            {ZENITHOR_SUN, ZENITHOR_EARTH, ZENITHOR_MARS, ZENITHOR_PLUTO, ZENITHOR_MOON}) {
         Call call;
