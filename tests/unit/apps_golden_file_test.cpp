@@ -154,6 +154,22 @@ TEST(GoldenFile, ToleranceHoldsUntilAnotherIsGiven) {
   EXPECT_EQ(file.risings.at(2).result.allowed, 0.0);
 }
 
+TEST(GoldenFile, KnowsTheNamesOfBodiesAndSelectors) {
+  const std::pair<const char*, BodyCode> bodies[] = {
+      {"Sun", 0},    {"Mercury", 1}, {"Venus", 2},   {"Earth", 3}, {"Mars", 4}, {"Jupiter", 5},
+      {"Saturn", 6}, {"Uranus", 7},  {"Neptune", 8}, {"Pluto", 9}, {"Moon", 10}};
+  const std::pair<const char*, std::int32_t> selectors[] = {
+      {"rise", 1}, {"transit", 2}, {"set", 3}};
+  for (const auto& [body, code] : bodies) {
+    for (const auto& [word, selector] : selectors) {
+      const GoldenFile file =
+          Read(Risings(1, std::string(kBlock) + "0\t0\t0\t0\t0\t" + body + "\t" + word + "\t0\n"));
+      EXPECT_EQ(file.risings.at(0).call.code, code);
+      EXPECT_EQ(file.risings.at(0).call.selector, selector);
+    }
+  }
+}
+
 TEST(GoldenFile, TakesABodyOrASelectorThatIsNoneAsANumber) {
   const GoldenFile file = Read(Risings(1, std::string(kBlock) + "0\t0\t0\t0\t0\t-1\t4\t0\n"));
   EXPECT_EQ(file.risings.at(0).call.code, -1);
@@ -176,6 +192,7 @@ TEST(GoldenFile, HoldsTheNumberOfCasesThatItSays) {
   EXPECT_EQ(RefusalOf("# cases 1\n" + Risings(1, std::string(kBlock) + kRow)),
             "file.tsv:2: the number of cases stands here again");
   EXPECT_EQ(RefusalOf("# cases many\n"), "file.tsv:1: not a number of cases: \"many\"");
+  EXPECT_EQ(RefusalOf("# cases 0\n"), "file.tsv:1: not a number of cases: \"0\"");
   EXPECT_EQ(RefusalOf(Risings(1, "")), "file.tsv:2: no case");
 }
 
@@ -196,6 +213,9 @@ TEST(GoldenFile, RefusesABlockWithoutASentence) {
   EXPECT_EQ(RefusalOf(Risings(1, std::string("# tolerance Result: 0\n") + kRow)),
             "file.tsv:4" + said);
   EXPECT_EQ(RefusalOf(Risings(2, std::string(kBlock) + kRow + "\n" + kRow)), "file.tsv:7" + said);
+  EXPECT_EQ(
+      RefusalOf("# Of the file.\n" + Risings(1, std::string("# tolerance Result: 0\n") + kRow)),
+      "file.tsv:5" + said);
   EXPECT_EQ(RefusalOf(Risings(2, std::string(kBlock) + kRow + "\n#\n" + kRow)),
             "file.tsv:8" + said);
 }

@@ -129,8 +129,7 @@ class Cells {
     expected.untouched = cell == kNothing;
     if (!expected.untouched) {
       expected.value = NumberIn(cell);
-      expected.allowed =
-          std::fmax(tolerance.absolute, tolerance.relative * std::fabs(expected.value));
+      expected.allowed = tolerance.For(expected.value);
     }
     return expected;
   }
@@ -164,8 +163,7 @@ class Cells {
     }
     const double julian_day = NumberIn(cell.substr(0, space));
     block.state = BlockState::kFilled;
-    block.julian_day = {name, false, julian_day,
-                        std::fmax(tolerance.absolute, tolerance.relative * std::fabs(julian_day))};
+    block.julian_day = {name, false, julian_day, tolerance.For(julian_day)};
     block.date = DateIn(name, cell.substr(space + 1));
     return block;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <istream>
 #include <stdexcept>
@@ -30,6 +31,8 @@ class Refused : public std::runtime_error {
 struct Tolerance {
   double absolute = 0.0;
   double relative = 0.0;
+
+  double For(double expected) const { return std::fmax(absolute, relative * std::fabs(expected)); }
 };
 
 // The columns of one kind of file: names and units as the heading has them.
