@@ -12,6 +12,9 @@
  *   - 0.0 means "no answer": the record is untouched, or (event functions) the block read back was
  *     not filled by this call.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
+ *   - A call from a signal or exception handler that interrupted a call on the same thread is
+ *     answered rightly, too, but this is no use the library is made for: see the host guide.
+ *   - A call needs ZENITHOR_STACK_BYTES of stack. It never ends the process for want of memory.
  *   - The caller's processor state does not matter. x87 control word, MXCSR, direction flag and
  * errno come back as they were; the x87 register stack comes back empty (but for the result) and no
  * x87 exception flag is set.
@@ -72,6 +75,11 @@ enum {
   ZENITHOR_PLUTO = 9,
   ZENITHOR_MOON = 10
 };
+
+/* A call touches at most so many bytes of the caller's stack, on every platform; what the system
+ * puts there for a signal or an exception comes on top. On Linux a thread's own data lie on its
+ * stack too: 28 KB for a thread are enough. */
+#define ZENITHOR_STACK_BYTES 16384
 
 /* ZENITHOR returns this once the record is written; 0.0 says that nothing was written. */
 #define ZENITHOR_DONE 323.0

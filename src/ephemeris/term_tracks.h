@@ -17,7 +17,7 @@ constexpr int kTrackCount = 4;
 constexpr int kMostEnds = 18;
 
 // A body with more frequencies than this is not arranged; the full series have at most 1504.
-constexpr int kMostFrequencies = 2048;
+constexpr int kMostFrequencies = 1536;
 
 // The vector lane in which a track's sum is kept.
 constexpr int kLaneOfTrack[kTrackCount] = {0, 2, 1, 3};
@@ -27,6 +27,12 @@ struct SeriesEnd {
   std::int32_t step;
   std::int16_t lane;
   std::int16_t series;
+};
+
+// Room for the cosine and the sine of every frequency of a body while it is summed. Twenty-four
+// kilobytes, so not on the stack of whoever calls: a host's thread may have little more.
+struct SumRoom {
+  alignas(64) double cosine_sine[2 * kMostFrequencies];
 };
 
 struct TermTracks {
