@@ -15,12 +15,13 @@
 #   --exit CODE      the exit code that the program must have, if not 0
 #   --expect FILE    fails unless the program prints what the file holds
 #   --home           the data are in ~/.local/share and XDG_DATA_HOME is not set (Linux)
+#   --data-home NAME XDG_DATA_HOME is NAME, and the program runs in DIR (Linux)
 #   --no-home        neither HOME nor XDG_DATA_HOME is set (Linux)
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 directory=$1
 shift
-archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home=''
+archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home='' data_home=''
 while [ "$1" != -- ]; do
   case $1 in
     --archive) archive=$2; shift ;;
@@ -34,6 +35,7 @@ while [ "$1" != -- ]; do
     --exit) code=$2; shift ;;
     --home) home=yes ;;
     --no-home) home=none ;;
+    --data-home) data_home=$2; shift ;;
     *) echo "with_profile: unknown option $1" >&2; exit 1 ;;
   esac
   shift
@@ -134,6 +136,10 @@ else
     none) unset HOME ;;
     *) export XDG_DATA_HOME=$directory/share ;;
   esac
+  if [ -n "$data_home" ]; then
+    export XDG_DATA_HOME=$data_home
+    cd "$directory"
+  fi
 fi
 status=0
 $run "$@" >"$directory/stdout" 2>"$directory/stderr" || status=$?
