@@ -432,20 +432,55 @@ ZENITHOR_INLINE void ZenithorClose(ZenithorLibrary* library) {
   memset(library, 0, sizeof *library);
 }
 
-/* Loads the library from `path` (null: ZENITHOR_LIBRARY_NAME, by the system's search order) and
- * finds its functions. Returns 1, or 0 with every member null where the library cannot be loaded
+#if defined(_WIN32)
+/* The library beside the program. Null where there is none; GetLastError says why. */
+ZENITHOR_INLINE HMODULE ZenithorLoadBesideProgram(void) {
+  wchar_t path[2048];
+  const DWORD capacity = (DWORD)(sizeof path / sizeof path[0]);
+  const DWORD name_size = (DWORD)(sizeof ZENITHOR_LIBRARY_NAME / sizeof path[0]);
+  DWORD length = GetModuleFileNameW(NULL, path, capacity);
+  if (length == 0 || length >= capacity) {
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return NULL;
+  }
+  while (length > 0 && path[length - 1] != L'\\') {
+    --length;
+  }
+  if (length + name_size > capacity) {
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return NULL;
+  }
+  memcpy(path + length, ZENITHOR_LIBRARY_NAME, name_size * sizeof path[0]);
+  return LoadLibraryW(path);
+}
+
+/* The library by its plain name: in the program's folder, in the folders that the program has named
+ * with AddDllDirectory, in the system's. Neither in the current directory, which may be one of
+ * chart files that somebody sent, nor in those of PATH. Systems that cannot be told so (Windows 7
+ * without its updates) are given the full path beside the program. */
+ZENITHOR_INLINE HMODULE ZenithorLoadByName(void) {
+  /* LOAD_LIBRARY_SEARCH_APPLICATION_DIR, _USER_DIRS and _SYSTEM32 */
+  const HMODULE handle = LoadLibraryExW(ZENITHOR_LIBRARY_NAME, NULL, 0x200 | 0x400 | 0x800);
+  if (handle == NULL && GetLastError() == ERROR_INVALID_PARAMETER) {
+    return ZenithorLoadBesideProgram();
+  }
+  return handle;
+}
+#endif
+
+/* Loads the library from `path`, best a full one, and finds its functions. Null looks for
+ * ZENITHOR_LIBRARY_NAME: on Windows in the program's own folder and in the system's (see
+ * ZenithorLoadByName), on Linux by the dynamic linker's order; in neither case in the current
+ * directory. Returns 1, or 0 with every member null where the library cannot be loaded
  * (GetLastError or dlerror says why) or does not export ZENITHOR. The data files are read here, and
  * the warning about a missing one is shown here. A 32-bit process loads the 32-bit library. */
 ZENITHOR_INLINE int ZenithorOpen(ZenithorLibrary* library, const ZenithorPathCharacter* path) {
   void* handle;
   memset(library, 0, sizeof *library);
-  if (path == NULL) {
-    path = ZENITHOR_LIBRARY_NAME;
-  }
 #if defined(_WIN32)
-  handle = (void*)LoadLibraryW(path);
+  handle = (void*)(path == NULL ? ZenithorLoadByName() : LoadLibraryW(path));
 #else
-  handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+  handle = dlopen(path == NULL ? ZENITHOR_LIBRARY_NAME : path, RTLD_NOW | RTLD_LOCAL);
 #endif
   if (handle == NULL) {
     return 0;
