@@ -22,7 +22,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
   Spherical body{0.0, 0.0, 0.0};
   if (code != ZENITHOR_SUN) {
     body = code == ZENITHOR_EARTH ? CachedSeries(store, kEarthSlot, t, cache)
-                                  : EvaluateBody(store, code, t);
+                                  : EvaluateBody(store, code, t, cache.room);
     StoreAngle((body.longitude + nutation.dpsi) * kDegreesPerRadian, 360.0, record.HelioLongitude);
     record.HelioLatitude = body.latitude * kDegreesPerRadian;
     record.HelioDistance = body.radius;
@@ -40,7 +40,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
 
     if (code != ZENITHOR_SUN) {
       // Kept on purpose: light time from the geometric distance, once, the observer left in place.
-      body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu);
+      body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu, cache.room);
       place = GeocentricPosition(body, observer);
     }
     Equatorial apparent = EclipticToEquatorial(place.longitude + nutation.dpsi, place.latitude,

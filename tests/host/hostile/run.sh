@@ -39,6 +39,10 @@ case $program in
 esac
 
 case $program in
+  *win64*no_memory.exe)
+    ulimit -v 8388608 # see the program
+    exec $run "$program" "$library" "$@"
+    ;;
   *exit_during_calls*)
     for milliseconds in 1 2 5 10 20 30 40 50 100 200; do
       status=0
