@@ -432,6 +432,9 @@ TEST(SolarEclipse, EveryKindOccursAndAgreesWithItsGeometry) {
       ASSERT_TRUE(at.abs_gamma < central_limit && at.u >= 0.0 && at.u < 0.0047) << k;
     } else if (eclipse.kind == kPartialEclipse) {
       ASSERT_GE(at.abs_gamma, central_limit + std::fabs(at.u)) << k;
+      // Meeus, formula 54.2.
+      ASSERT_NEAR(eclipse.magnitude, (1.5433 + at.u - at.abs_gamma) / (0.5461 + 2.0 * at.u), 1e-14)
+          << k;
       ASSERT_GE(eclipse.magnitude, 0.0) << k;
     }
   }

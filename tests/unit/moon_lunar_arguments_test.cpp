@@ -4,6 +4,7 @@
 
 #include "moon/lunar_arguments.h"
 #include "numerics/constants.h"
+#include "support/extended.h"
 
 namespace zenithor {
 namespace {
@@ -36,6 +37,28 @@ TEST(LunarArguments, MeetTheWorkedExample) {
   EXPECT_NEAR(arguments.Mprime * kDegreesPerRadian, 5.150833, 3e-5);
   EXPECT_NEAR(arguments.F * kDegreesPerRadian, 219.889721, 3e-5);
   EXPECT_NEAR(arguments.E, 1.000194, 5e-7);
+}
+
+TEST(LunarArguments, MeetASecondEvaluationAHundredThousandYearsFromJ2000) {
+  // There the smallest coefficient makes a thousand degrees; an angle of 5e8 degrees is known to
+  // 6e-8.
+  for (const double t : {-1000.0, -300.0, 300.0, 1000.0}) {
+    const LunarArguments arguments = ComputeLunarArguments(t);
+    const auto expect = [t](double angle, const long double(&degrees)[5]) {
+      const long double expected = testing::ExtendedPolynomial(degrees, t);
+      EXPECT_NEAR(
+          static_cast<double>(std::remainder(angle / testing::kExtendedDegree - expected, 360.0L)),
+          0.0, 2e-7)
+          << t;
+    };
+    expect(arguments.Omega, {125.044555L, -1934.1361849L, 0.0020762L, 2.139449e-06L, 1.64973e-08L});
+    expect(arguments.D, {297.8502042L, 445267.1115168L, -0.00163L, 1.831945e-06L, 8.84447e-06L});
+    expect(arguments.M, {357.5291092L, 35999.0502909L, -0.0001536L, 4.083299e-08L, 0.0L});
+    expect(arguments.Mprime,
+           {134.9634114L, 477198.8676313L, 0.008997L, 1.434741e-05L, 6.79717e-08L});
+    expect(arguments.F, {93.2720993L, 483202.0175273L, -0.0034029L, 2.836075e-07L, 1.15833e-09L});
+    EXPECT_NEAR(arguments.E, 1.0 - 0.002516 * t - 0.0000074 * t * t, 1e-15 * t * t);
+  }
 }
 
 TEST(LunarArguments, LieWithinOneTurn) {

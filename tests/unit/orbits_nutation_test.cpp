@@ -9,6 +9,7 @@
 #include "numerics/constants.h"
 #include "orbits/whole_nutation.h"
 #include "support/expect_published.h"
+#include "support/extended.h"
 #include "support/text_files.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
@@ -31,35 +32,38 @@ TEST(WholeNutation, MeetsTheBook) {
   ExpectPublished("22.a", "deps", nutation.deps / kRadiansPerArcsecond);
 }
 
-// Straight from the published table, one sine and one cosine a term.
+// Straight from the published table, one sine and one cosine a term, in extended precision.
 NutationAngles Direct(double julian_day) {
-  const double t = (julian_day - kJ2000) / kDaysPerCentury;
-  const double arcseconds[] = {485866.733 + 1717915922.633 * t + 31.31 * t * t + 0.064 * t * t * t,
-                               1287099.804 + 129596581.224 * t - 0.577 * t * t - 0.012 * t * t * t,
-                               335778.877 + 1739527263.137 * t - 13.257 * t * t + 0.011 * t * t * t,
-                               1072261.307 + 1602961601.328 * t - 6.891 * t * t + 0.019 * t * t * t,
-                               450160.28 - 6962890.539 * t + 7.455 * t * t + 0.008 * t * t * t};
-  NutationAngles sum{0.0, 0.0};
+  const long double t = (static_cast<long double>(julian_day) - kJ2000) / kDaysPerCentury;
+  const long double arcseconds[] = {
+      testing::ExtendedPolynomial({485866.733L, 1717915922.633L, 31.31L, 0.064L}, t),
+      testing::ExtendedPolynomial({1287099.804L, 129596581.224L, -0.577L, -0.012L}, t),
+      testing::ExtendedPolynomial({335778.877L, 1739527263.137L, -13.257L, 0.011L}, t),
+      testing::ExtendedPolynomial({1072261.307L, 1602961601.328L, -6.891L, 0.019L}, t),
+      testing::ExtendedPolynomial({450160.28L, -6962890.539L, 7.455L, 0.008L}, t)};
+  long double dpsi = 0.0L;
+  long double deps = 0.0L;
   int rows = 0;
   for (const std::string& line : testing::LinesOf("data/nutation/iau1980-106-terms.csv")) {
     if (line[0] == 'm') {
       continue;
     }
-    std::vector<double> cell;
+    std::vector<long double> cell;
     for (const std::string& word : testing::Split(line, ',')) {
-      cell.push_back(std::stod(word));
+      cell.push_back(std::stold(word));
     }
-    double angle = 0.0;
+    long double angle = 0.0L;
     for (std::size_t k = 0; k < 5; ++k) {
       angle += cell[k] * arcseconds[k];
     }
-    angle = std::remainder(angle, 1296000.0) * kRadiansPerArcsecond;
-    sum.dpsi += (cell[5] + cell[6] * t) * std::sin(angle);
-    sum.deps += (cell[7] + cell[8] * t) * std::cos(angle);
+    angle *= testing::kExtendedDegree / 3600.0L;
+    dpsi += (cell[5] + cell[6] * t) * std::sin(angle);
+    deps += (cell[7] + cell[8] * t) * std::cos(angle);
     ++rows;
   }
   EXPECT_EQ(rows, 106);
-  return {sum.dpsi * 1e-4 * kRadiansPerArcsecond, sum.deps * 1e-4 * kRadiansPerArcsecond};
+  const long double unit = 1e-4L / 3600.0L * testing::kExtendedDegree;
+  return {static_cast<double>(dpsi * unit), static_cast<double>(deps * unit)};
 }
 
 TEST(WholeNutation, IsTheDirectSumOfThePublishedTable) {
@@ -69,6 +73,17 @@ TEST(WholeNutation, IsTheDirectSumOfThePublishedTable) {
     // Arguments of up to 2e10" leave 1e-6" in an angle, and 20" of it 1e-10".
     EXPECT_NEAR(actual.dpsi, expected.dpsi, 1e-14) << jd;
     EXPECT_NEAR(actual.deps, expected.deps, 1e-14) << jd;
+  }
+}
+
+TEST(WholeNutation, IsTheDirectSumThirtyThousandYearsAwayToo) {
+  // There every coefficient turns its argument by a degree at least. Arguments of 5e11" leave 6e-5"
+  // in an angle.
+  for (const double t : {-300.0, -100.0, 100.0, 300.0}) {
+    const NutationAngles expected = Direct(kJ2000 + kDaysPerCentury * t);
+    const NutationAngles actual = At(kJ2000 + kDaysPerCentury * t);
+    EXPECT_NEAR(actual.dpsi, expected.dpsi, 2e-14) << t;
+    EXPECT_NEAR(actual.deps, expected.deps, 2e-14) << t;
   }
 }
 

@@ -8,6 +8,7 @@
 #include "numerics/constants.h"
 #include "orbits/precession.h"
 #include "orbits/vectors.h"
+#include "support/extended.h"
 #include "time/constants.h"
 
 namespace zenithor {
@@ -48,6 +49,63 @@ TEST(PrecessVector, ThereAndBackReturnsTheVectorOverTenThousandYears) {
     }
   }
   EXPECT_LT(worst, 1e-12);
+}
+
+struct ExtendedVector {
+  long double x, y, z;
+};
+
+ExtendedVector TurnedAboutFirst(const ExtendedVector& v, long double angle) {
+  const long double c = std::cos(angle);
+  const long double s = std::sin(angle);
+  return {v.x, c * v.y + s * v.z, c * v.z - s * v.y};
+}
+
+ExtendedVector TurnedAboutThird(const ExtendedVector& v, long double angle) {
+  const long double c = std::cos(angle);
+  const long double s = std::sin(angle);
+  return {c * v.x + s * v.y, c * v.y - s * v.x, v.z};
+}
+
+long double ExtendedObliquity(long double t) {
+  return testing::ExtendedPolynomial(
+             {84381.406173L, -468.3396L, -0.0175L, 1.9989L, -0.005138L, -0.0024967L, -3.905e-5L,
+              7.12e-7L, 2.787e-7L, 5.79e-9L, 2.45e-10L},
+             t) /
+         3600.0L * testing::kExtendedDegree;
+}
+
+TEST(PrecessVector, MeetsASecondEvaluation) {
+  // Thirty thousand years away, three times as far as the theory is meant for, every coefficient
+  // counts.
+  for (const double t : {-30.0, -10.0, -1.0, 0.5, 10.0, 30.0}) {
+    const long double general =
+        t *
+        testing::ExtendedPolynomial({50287.91959L, 110.5414L, 0.076L, -0.235316L, -1.8055e-03L,
+                                     1.7451e-04L, 1.3095e-05L, 2.424e-07L, -4.759e-08L, -8.66e-10L},
+                                    t) /
+        3600.0L * testing::kExtendedDegree;
+    const long double node = testing::ExtendedPolynomial(
+        {3.052115282424L, -0.04207794833L, 7.436169e-05L, 1.26e-07L, -1.8103e-07L, -3.54e-09L,
+         1.9e-10L, 7.521313e-12L, -1.547021e-12L, -2.69151e-15L, 6.6402e-16L},
+        t);
+    const long double inclination = testing::ExtendedPolynomial(
+        {0.0L, 0.00227850649L, -1.62442e-05L, -6.012e-07L, 1.32115526e-09L, -5.4000441e-11L,
+         2.4650839e-11L, 2.50341e-13L, -8.26287e-14L, 7.3759e-17L, 1.2147e-16L},
+        t);
+    ExtendedVector expected = TurnedAboutFirst({0.3L, -0.2L, 1.0L}, ExtendedObliquity(0.0L));
+    expected = TurnedAboutThird(expected, node);
+    expected = TurnedAboutFirst(expected, inclination);
+    expected = TurnedAboutThird(expected, -node - general);
+    expected = TurnedAboutFirst(expected, -ExtendedObliquity(t));
+    ObliquityCache obliquity;
+    Rectangular v{0.3, -0.2, 1.0};
+    PrecessVector(kJ2000 + 10.0 * kDaysPerCentury * t, PrecessionDirection::kFromJ2000, obliquity,
+                  v);
+    EXPECT_NEAR(v.x, static_cast<double>(expected.x), 3e-14) << t;
+    EXPECT_NEAR(v.y, static_cast<double>(expected.y), 3e-14) << t;
+    EXPECT_NEAR(v.z, static_cast<double>(expected.z), 3e-14) << t;
+  }
 }
 
 TEST(PrecessVector, BringsThetaPerseiToItsPlaceOf2028) {

@@ -224,6 +224,52 @@ TEST(PlutoPosition, KeptOnPurposeTheDistanceIsThatOfThePlaceWhichTheLightLeft) {
   EXPECT_LT(worst, 1.8e-4);
 }
 
+double Sum(const Rectangular& v) { return std::fabs(v.x) + std::fabs(v.y) + std::fabs(v.z); }
+double Sum(const Spherical& v) {
+  return std::fabs(v.longitude) + std::fabs(v.latitude) + std::fabs(v.radius);
+}
+
+TEST(OrbitsState, StartsWithZeros) {
+  const OrbitsState state;
+  EXPECT_EQ(state.earth_velocity.computations, 0u);
+  EXPECT_EQ(state.body, 0);
+  EXPECT_STREQ(state.display.label, "");
+  for (const double number : {state.current_day,
+                              state.dynamical_day,
+                              state.universal_day,
+                              state.light_speed,
+                              state.observer.geodetic_latitude,
+                              state.observer.longitude,
+                              state.observer.geocentric_latitude,
+                              state.observer.geocentric_radius,
+                              state.nutation.angles.dpsi,
+                              state.nutation.angles.deps,
+                              state.geometry.earth_object,
+                              state.geometry.sun_earth,
+                              state.geometry.sun_object,
+                              state.geometry.pq,
+                              state.geometry.ep,
+                              state.geometry.qe,
+                              state.display.dalpha,
+                              state.display.ddelta,
+                              state.alpha_rate,
+                              state.delta_rate,
+                              state.topocentric.alpha,
+                              state.topocentric.delta,
+                              Sum(state.earth_velocity.velocity),
+                              Sum(state.earth_vector),
+                              Sum(state.earth_place),
+                              Sum(state.pluto_vector),
+                              Sum(state.pluto_place),
+                              Sum(state.correction),
+                              Sum(state.direction_b1950),
+                              state.obliquity.epsilon,
+                              state.obliquity.cos_epsilon,
+                              state.obliquity.sin_epsilon}) {
+    EXPECT_EQ(number, 0.0);
+  }
+}
+
 TEST(PlutoPosition, KeptOnPurposeDayMinusOneCountsAsCachedAtFirst) {
   OrbitsState fresh;
   const BodyPositionRecord first = PlutoAt(-1.0, fresh);
@@ -426,6 +472,57 @@ TEST(TopocentricStep, MovesAnObjectByItsParallaxAndDiurnalAberration) {
   // Setting, the parallax 8.794" / 30 moves it by 0.293" towards the horizon, the west.
   place = ComputeTopocentric(theta - kPi / 2.0, 0.0, 30.0, kJ2000, observer);
   EXPECT_NEAR((place.alpha - (theta - kPi / 2.0)) / kRadiansPerArcsecond, -8.794 / 30.0, 2e-4);
+}
+
+TEST(TopocentricStep, MeetsTheGeometryOfTheObserver) {
+  // From 45 degrees north an object so near that its parallax is 15 arcminutes: the difference of
+  // the two vectors, and the diurnal aberration of 7.292115e-5 rad/s.
+  const double radius = 6378.137 / 149597870.691;  // [au]
+  const double light_speed = 299792.458;           // [km/s]
+  const double distance = 0.01;
+  const double latitude = 0.7;
+  PlutoObserver observer;
+  observer.geocentric_latitude = latitude * kDegreesPerRadian;
+  observer.geocentric_radius = 0.9983;
+  const double theta = 4.894961212735793;  // as above, at Greenwich; the observer is 0.5 rad east
+  observer.longitude = 0.5 * kDegreesPerRadian;
+  const double alpha = 1.1;
+  const double delta = -0.4;
+  const Rectangular object =
+      distance * Rectangular{std::cos(delta) * std::cos(alpha), std::cos(delta) * std::sin(alpha),
+                             std::sin(delta)};
+  const Rectangular place =
+      (observer.geocentric_radius * radius) *
+      Rectangular{std::cos(latitude) * std::cos(theta + 0.5),
+                  std::cos(latitude) * std::sin(theta + 0.5), std::sin(latitude)};
+  const Rectangular seen = object - place;
+  const double seen_alpha = std::atan2(seen.y, seen.x);
+  const double seen_delta = std::asin(seen.z / Length(seen));
+  const double speed =
+      7.292115e-5 * 6378.137 / light_speed * observer.geocentric_radius * std::cos(latitude);
+  const double hour_angle = theta + 0.5 - seen_alpha;
+  const TopocentricPlace actual = ComputeTopocentric(alpha, delta, distance, kJ2000, observer);
+  EXPECT_NEAR(actual.alpha, seen_alpha + speed * std::cos(hour_angle) / std::cos(seen_delta),
+              2e-11);
+  EXPECT_NEAR(actual.delta, seen_delta + speed * std::sin(hour_angle) * std::sin(seen_delta),
+              2e-11);
+}
+
+TEST(TopocentricStep, DerivesTheGeocentricLatitudeOfTheEllipsoid) {
+  // On the ellipsoid tan phi' = (1 - f)^2 tan phi, and the radius is that of its point.
+  const double axes = 1.0 - 1.0 / 298.257222;
+  for (const double degrees : {-89.0, -45.0, -1.0, 0.5, 33.3, 80.0}) {
+    PlutoObserver observer;
+    observer.geodetic_latitude = degrees;
+    DeriveObserver(observer);
+    const double phi = degrees * kRadiansPerDegree;
+    const double reduced = std::atan(axes * std::tan(phi));
+    // The latitude comes from an arccosine.
+    EXPECT_NEAR(observer.geocentric_latitude * kRadiansPerDegree,
+                std::atan(axes * axes * std::tan(phi)), 2e-14 / std::fabs(std::sin(phi)));
+    EXPECT_NEAR(observer.geocentric_radius, std::hypot(std::cos(reduced), axes * std::sin(reduced)),
+                1e-15);
+  }
 }
 
 TEST(TopocentricStep, DerivesTheGeocentricLatitude) {

@@ -11,6 +11,11 @@ namespace {
 
 TEST(Settle, EndsWithTheCorrectedValueOfTheFirstSmallCorrection) {
   const Settled exact = Settle(0.5, [](double) { return 0.0002; });
+  int steps = 0;  // a correction just above the limit is followed by another
+  const auto above_at_first = [&steps](double) {
+    return ++steps == 1 ? -std::nextafter(0.0002, 1.0) : 0.0;
+  };
+  EXPECT_EQ(Settle(0.5, above_at_first).run.steps, 2);
   EXPECT_EQ(exact.value, 0.5 + 0.0002);
   EXPECT_EQ(exact.run.steps, 1);
   EXPECT_EQ(exact.run.ending, Ending::kSettled);
@@ -58,6 +63,7 @@ TEST(Settle, FindsCyclesOfAnyLengthAfterAnyApproach) {
 }
 
 TEST(Settle, WaitsForAnIterationThatSettlesLate) {
+  ASSERT_EQ(kGiveUpSteps, 100000);
   // One step per unit, far from any repetition, to the last step allowed.
   const double last = kGiveUpSteps - 1;
   const auto until = [](double end) { return [end](double m) { return m < end ? 1.0 : 0.0; }; };

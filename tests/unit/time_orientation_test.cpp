@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "support/expect_published.h"
+#include "support/extended.h"
 #include "support/text_files.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
@@ -29,6 +32,31 @@ TEST(MeanObliquity, OfJ2000IsTheConstantOfThePolynomial) {
 TEST(MeanObliquity, MeetsTheBook) {
   ExpectPublished("22.a", "epsilon0",
                   MeanObliquity(JulianCenturies(k1987April10)) * kDegreesPerRadian);
+}
+
+// Ten times farther than the theory reaches every power of the two polynomials is felt.
+TEST(MeanObliquity, MeetsASecondEvaluation) {
+  for (const double t : {-1000.0, -100.0, 30.0, 100.0, 1000.0}) {
+    const long double arcseconds =
+        testing::ExtendedPolynomial({84381.448L, -4680.93L, -1.55L, 1999.25L, -51.38L, -249.67L,
+                                     -39.05L, 7.12L, 27.87L, 5.79L, 2.45L},
+                                    0.01L * t);
+    const auto expected = static_cast<double>(arcseconds / 3600.0L * testing::kExtendedDegree);
+    EXPECT_NEAR(MeanObliquity(t), expected, 2e-15 * std::fabs(expected)) << t;
+  }
+}
+
+TEST(CachedObliquity, MeetsASecondEvaluation) {
+  for (const double t : {-1000.0, -100.0, 30.0, 100.0, 1000.0}) {
+    const long double arcseconds = testing::ExtendedPolynomial(
+        {84381.406173L, -468.3396L, -0.0175L, 1.9989L, -0.005138L, -0.0024967L, -3.905e-5L,
+         7.12e-7L, 2.787e-7L, 5.79e-9L, 2.45e-10L},
+        0.1L * t);
+    const auto expected = static_cast<double>(arcseconds / 3600.0L * testing::kExtendedDegree);
+    ObliquityCache cache;
+    CachedObliquity(kJ2000 + kDaysPerCentury * t, cache);
+    EXPECT_NEAR(cache.epsilon, expected, 2e-15 * std::fabs(expected)) << t;
+  }
 }
 
 TEST(CachedObliquity, RecomputesNothingForTheSameDay) {
@@ -84,6 +112,56 @@ TEST(Nutation, OfJ2000IsThatOfTheLaterTheories) {
   }
   EXPECT_NEAR(most_longitude, 19.0, 1.0);
   EXPECT_NEAR(most_obliquity, 10.0, 0.5);
+}
+
+// Straight from the published table, one sine and one cosine a term, in extended precision.
+NutationAngles NaiveNutation(long double t) {
+  // D, M, M', F and Omega [deg].
+  const long double degrees[] = {
+      testing::ExtendedPolynomial({297.8503631L, 445267.11148L, -0.0019142L, 5.278e-06L}, t),
+      testing::ExtendedPolynomial({357.5277233L, 35999.05034L, -0.0001603L, -3.33e-06L}, t),
+      testing::ExtendedPolynomial({134.9629814L, 477198.8673981L, 0.0086972L, 1.778e-05L}, t),
+      testing::ExtendedPolynomial({93.2719103L, 483202.0175381L, -0.0036825L, 3.056e-06L}, t),
+      testing::ExtendedPolynomial({125.0445222L, -1934.1362608L, 0.00207833L, 2.22e-06L}, t)};
+  long double dpsi = 0.0L;
+  long double deps = 0.0L;
+  const std::vector<std::string> lines = testing::LinesOf("data/nutation/iau1980-63-terms.csv");
+  for (std::size_t line = 1; line < lines.size(); ++line) {
+    const std::vector<std::string> cell = testing::Split(lines[line], ',');
+    long double angle = 0.0L;
+    for (std::size_t k = 0; k < 5; ++k) {
+      angle += std::stold(cell.at(k)) * degrees[k];
+    }
+    angle *= testing::kExtendedDegree;
+    dpsi += (std::stold(cell.at(5)) + std::stold(cell.at(6)) * t) * std::sin(angle);
+    deps += (std::stold(cell.at(7)) + std::stold(cell.at(8)) * t) * std::cos(angle);
+  }
+  const long double unit = 0.0001L / 3600.0L * testing::kExtendedDegree;
+  return {static_cast<double>(dpsi * unit), static_cast<double>(deps * unit)};
+}
+
+TEST(Nutation, MeetsASecondEvaluation) {
+  // At T = 100 the arguments, up to 5e7 degrees, are known to 1e-10 radian, and the sums to some
+  // 1e-14; there the smallest coefficient turns an argument by 2 degrees.
+  for (const double t : {-100.0, -20.0, -0.127296372348, 0.0, 1.0, 47.3, 100.0}) {
+    const NutationAngles actual = Nutation(t);
+    const NutationAngles expected = NaiveNutation(t);
+    EXPECT_NEAR(actual.dpsi, expected.dpsi, 1e-13) << t;
+    EXPECT_NEAR(actual.deps, expected.deps, 1e-13) << t;
+  }
+}
+
+TEST(GreenwichMeanSiderealTime, MeetsASecondEvaluation) {
+  for (const double t : {-1000.0, -20.0, 0.0, 1.0, 1000.0}) {
+    const long double degrees =
+        360.98564736629L * 36525.0L * t +
+        testing::ExtendedPolynomial({280.46061837L, 0.0L, 0.000387933L, -1.0L / 38710000.0L}, t);
+    const double theta = GreenwichMeanSiderealTime(kJ2000 + kDaysPerCentury * t, t);
+    // Unreduced: 2e8 radians.
+    EXPECT_NEAR(theta, static_cast<double>(degrees * testing::kExtendedDegree),
+                4e-16 * std::fabs(theta) + 1e-15)
+        << t;
+  }
 }
 
 TEST(GreenwichMeanSiderealTime, MeetsTheBookAtZeroHours) {

@@ -5,6 +5,7 @@
 #include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "support/expect_published.h"
+#include "support/extended.h"
 #include "support/text_files.h"
 #include "time/aberration.h"
 #include "time/constants.h"
@@ -64,6 +65,66 @@ TEST(SunTrueLongitude, MeetsTheBook) {
   const SunLongitude sun = SunTrueLongitude(-0.072183436);
   ExpectPublished("25.a", "longitude mod 360", ReduceAngle(sun.longitude) * kDegreesPerRadian);
   ExpectPublished("25.a", "eccentricity", sun.eccentricity);
+}
+
+struct NaiveSun {
+  long double longitude, eccentricity;
+};
+
+NaiveSun NaiveSunLongitude(long double t) {
+  const long double m = testing::ExtendedPolynomial({357.5291L, 35999.05028L, -0.0001561L}, t) *
+                        testing::kExtendedDegree;
+  const long double e = testing::ExtendedPolynomial({0.016708617L, -4.204e-5L, -1.236e-7L}, t);
+  const long double centre = (2.0L * e - 0.25L * e * e * e) * std::sin(m) +
+                             1.25L * e * e * std::sin(2.0L * m) +
+                             1.0833333333L * e * e * e * std::sin(3.0L * m);
+  const long double mean = testing::ExtendedPolynomial({280.46646L, 36000.76983L, 0.0003032L}, t) *
+                           testing::kExtendedDegree;
+  return {mean + centre, e};
+}
+
+TEST(SunTrueLongitude, MeetsASecondEvaluation) {
+  for (const double t : {-100.0, -20.0, -0.3, 0.0, 0.26, 30.0, 100.0}) {
+    const SunLongitude sun = SunTrueLongitude(t);
+    const NaiveSun naive = NaiveSunLongitude(t);
+    // Unreduced: 63000 radians.
+    EXPECT_NEAR(sun.longitude, static_cast<double>(naive.longitude), 2e-11) << t;
+    EXPECT_NEAR(sun.eccentricity, static_cast<double>(naive.eccentricity), 1e-17) << t;
+  }
+}
+
+TEST(AnnualAberration, MeetsASecondEvaluation) {
+  // Meeus, formula 23.3, with 20.49552".
+  const long double kappa = 9.936508497454117e-5L;
+  EXPECT_NEAR(static_cast<double>(kappa), 20.49552 * kRadiansPerArcsecond, 1e-19);
+  for (const double t : {-100.0, -0.3, 0.26, 100.0}) {
+    for (const double alpha : {0.3, 2.5, 4.0}) {
+      const long double delta = 0.7L;
+      const long double epsilon = 0.409L;
+      const NaiveSun sun = NaiveSunLongitude(t);
+      const long double perihelion =
+          testing::ExtendedPolynomial({102.93735L, 1.71954L, 0.00046L}, t) *
+          testing::kExtendedDegree;
+      const long double cs = std::cos(sun.longitude) - sun.eccentricity * std::cos(perihelion);
+      const long double sn = std::sin(sun.longitude) - sun.eccentricity * std::sin(perihelion);
+      const long double a = alpha;
+      Equatorial star{alpha, 0.7};
+      AnnualAberration(t, 0.409, AberrationTerms::kWithEccentricity, star);
+      EXPECT_NEAR(
+          star.alpha - alpha,
+          static_cast<double>(-kappa * (std::cos(a) * cs * std::cos(epsilon) + std::sin(a) * sn) /
+                              std::cos(delta)),
+          5e-15)
+          << t << " " << alpha;
+      EXPECT_NEAR(star.delta - 0.7,
+                  static_cast<double>(-kappa * (cs * std::cos(epsilon) *
+                                                    (std::tan(epsilon) * std::cos(delta) -
+                                                     std::sin(a) * std::sin(delta)) +
+                                                std::cos(a) * std::sin(delta) * sn)),
+                  5e-15)
+          << t << " " << alpha;
+    }
+  }
 }
 
 TEST(SunTrueLongitude, IsNotReduced) {

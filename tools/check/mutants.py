@@ -36,6 +36,7 @@ ROOT = Path(__file__).resolve().parents[2]
 PLACE = ROOT / "build" / "mutants"
 EQUIVALENT = ROOT / "tools" / "check" / "equivalent_mutants.txt"
 NICE = int(os.environ.get("MUTANTS_NICE", "10"))
+THIS_PLATFORM = ("__x86_64__",)
 OTHER_PLATFORM = ("_WIN32", "_WIN64", "__i386__")
 # Tests of the finished library: of its answers; of its load and its manners.
 ANSWER_TESTS = ["-R", r"\.host\.(Golden|AnswersHash)"]
@@ -63,9 +64,10 @@ def code_only(text):
         if directive:
             word = line.strip()[1:].strip()
             if word.startswith("if"):
+                here = any(name in word for name in THIS_PLATFORM)
                 other = any(name in word for name in OTHER_PLATFORM)
                 negated = word.startswith("ifndef") or "!defined" in word
-                branches.append(None if not other else negated)
+                branches.append(None if here == other else negated != here)
             elif word.startswith(("else", "elif")) and branches[-1] is not None:
                 branches[-1] = not branches[-1]
             elif word.startswith("endif"):
@@ -206,6 +208,8 @@ def sample(seed):
         stacks, order = list(lines.values()), []
         for stack in stacks:
             dice.shuffle(stack)
+            # Most exchanges of arguments do not compile: they mostly come last.
+            stack.sort(key=lambda mutant: not (mutant["kind"] == "arguments" and dice.random() < 0.7))
         while stacks:
             dice.shuffle(stacks)
             order += [stack.pop() for stack in stacks]
@@ -231,9 +235,11 @@ def run(command, where, seconds):
         out_of_time = process.returncode in (-signal.SIGXCPU, -signal.SIGKILL)
         return None if out_of_time else process.returncode, output.decode(errors="replace")
     except subprocess.TimeoutExpired:
-        os.killpg(process.pid, signal.SIGKILL)
-        process.communicate()
         return None, ""
+    finally:
+        if process.poll() is None:
+            os.killpg(process.pid, signal.SIGKILL)
+            process.communicate()
 
 
 def processor_seconds():
@@ -279,8 +285,9 @@ class Bench:
             elif not there.is_file() or there.read_bytes() != here.read_bytes():
                 there.parent.mkdir(parents=True, exist_ok=True)
                 shutil.copy(here, there)
-        for there in (self.tree / "src").rglob("*.*"):
-            if str(there.relative_to(self.tree)) not in listed:
+        for there in self.tree.rglob("*"):
+            name = there.relative_to(self.tree)
+            if there.is_file() and name.parts[0] not in ("build", "out") and str(name) not in listed:
                 there.unlink()
 
     def must(self, command):
@@ -448,6 +455,7 @@ def main():
             print(f"{mutant['file']}:{mutant['line']} {mutant['kind']}: {mutant['shown']}")
         return 0
 
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("stopped"))  # what runs is ended, the source restored
     PLACE.mkdir(parents=True, exist_ok=True)
     done = {(result["file"], result["shown"]): result["outcome"] for result in results_of(options.seed)}
     bench = Bench(options.jobs, options.limit)
