@@ -16,8 +16,9 @@ fail() {
 }
 headers=$("$objdump" -p "$dll")
 
+# Binutils 2.40 lists "[ 0] _NAME", 2.44 "[ 0] +base[ 1]  0000 _NAME".
 exported=$(printf '%s\n' "$headers" | sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' |
-  sed -n 's/^[[:space:]]*\[ *[0-9]*\] *\([^ ]*\)$/\1/p' | sort)
+  sed -n 's/^[[:space:]]*\[ *[0-9]*\]\( +base\[ *[0-9]*\] *[0-9a-f]*\)\? *\([^ ]*\)$/\2/p' | sort)
 listed=$(sed 's/^/_/' "$exports" | sort)
 [ -n "$exported" ] || fail "no exports found"
 [ "$exported" = "$listed" ] ||
