@@ -69,6 +69,15 @@ TEST(EventSolver, RiseOfTheMoonAtTromsoDoesNotSettle) {
   EXPECT_TRUE(std::isfinite(result.Set));
 }
 
+TEST(EventSolver, RiseOfTheMoonBelowLatitude61DoesNotSettle) {
+  // The lowest latitude at which a time is known not to settle.
+  const RiseSetResult result = RiseSetMinutes(
+      Pose({-37621.0, 0.0, 0.0, 165.1015840607574, 60.85180517421211, ZENITHOR_MOON}));
+  EXPECT_TRUE(std::isnan(result.Rise));
+  EXPECT_TRUE(std::isfinite(result.Transit));
+  EXPECT_TRUE(std::isfinite(result.Set));
+}
+
 // Where the body stands at the fraction m of the day, by the formulas of the book [rad].
 class Sky {
  public:
