@@ -253,6 +253,21 @@ TEST(EventSolver, KeptOnPurposeTheSignalStandsInTheTransitToo) {
   EXPECT_NEAR(times.transit / kTwoPi * 1440.0, 722.0, 1.0);
 }
 
+TEST(EventSolver, TimesGoToHoursAndThenToMinutes) {
+  int other_bits = 0;
+  for (int day = 14000; day < 14400; ++day) {
+    const RiseSetProblem problem =
+        Pose({static_cast<double>(day), 0.0, 0.0, 71.0833, 42.3333, ZENITHOR_VENUS});
+    const RiseSetTimes times = SolveRiseSet(problem);
+    const RiseSetResult result = RiseSetMinutes(problem);
+    ASSERT_EQ(result.Rise, times.rise * 3.819718634205488 * 60.0) << day;
+    ASSERT_EQ(result.Transit, times.transit * 3.819718634205488 * 60.0) << day;
+    ASSERT_EQ(result.Set, times.set * 3.819718634205488 * 60.0) << day;
+    other_bits += result.Rise != times.rise * (3.819718634205488 * 60.0) ? 1 : 0;
+  }
+  EXPECT_GT(other_bits, 40);
+}
+
 TEST(EventSolver, DayAndNightAreEquallyLongAtTheEquinoxApartFromRefractionAndSemidiameter) {
   // At the equator 2 x 0.8333 degree of hour angle, 6.67 minutes, are added to 12 hours, and the
   // Sun, which gains 18 s a day on the mean Sun in March, takes 9 s of that back.
