@@ -6,7 +6,7 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:
-.PHONY: help run test dll native data bench fuzz dist clean data-files \
+.PHONY: help run test dll native data bench fuzz soak dist clean data-files \
   setup-native setup-dll setup-run setup-test setup-bench setup-dist
 
 help:
@@ -17,6 +17,7 @@ help:
 	@echo "make data     out/data/archive: the index and the data file"
 	@echo "make bench    timings, each beside its baseline"
 	@echo "make fuzz     every fuzz target, ten minutes in all"
+	@echo "make soak     a chart host for MINUTES=60, natively and in the 32-bit DLL"
 	@echo "make dist     the SDK archive and the installer, in out/dist"
 	@echo "make clean    removes build/ and out/"
 
@@ -44,6 +45,9 @@ bench: setup-bench data-files
 
 fuzz: setup-test
 	@tools/run/fuzz.sh 600
+
+soak: setup-run data-files
+	@tools/run/soak.sh $(or $(MINUTES),60)
 
 dist: setup-dist data-files
 	@tools/run/build_dll.sh && tools/run/build.sh win32 almanac && tools/run/build.sh linux zenithor

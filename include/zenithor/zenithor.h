@@ -181,8 +181,8 @@ typedef struct EventRecord {
  *                      zeroed) and leaves every other block as it was
  * Every instant is dynamical time (Julian Ephemeris Day). Each function reads one block of its
  * family back and returns its JulianDay: 0.0 when this call did not fill it; other blocks of the
- * family may then still hold an event. When JulianDay is not finite, and for phases and eclipses
- * when it is so large (5.4e17) that lunations cannot be counted, all its blocks are zeroed. */
+ * family may then still hold an event. When JulianDay is not finite all its blocks are zeroed, and
+ * so they are when a search for an eclipse gives up. */
 
 /* Equinoxes and solstices: blocks 0 to 3.
  *   Selector           the event to compute: 0 March equinox, 1 June solstice, 2 September equinox,
@@ -229,8 +229,10 @@ double ZENITHOR_CALL LAST_QTR(double JulianDay, double Ignored1, double Ignored2
  *   TOTAL_SE      8 total                     TOTAL_NCSE   11 non-central total
  *   ANNULAR_SE    9 annular                   ANNULAR_NCSE 12 non-central annular
  *   ANNULAR_TSE  10 annular-total (hybrid)    PARTIAL_SE   13 partial
- * A search gives up after a million lunations (days about 1e10 and more from now only): 0.0 and all
- * blocks of the family zeroed. Source: Meeus, Astronomical Algorithms, chapter 54. */
+ * From every day that has a calendar date an eclipse is found. From about 1e10 days on the angles
+ * are too coarse, and the search gives up after 30 000 lunations: 0.0 and all blocks of the family
+ * zeroed, within milliseconds. From 2.66e17 days on lunations cannot be counted: the same, at once.
+ * Source: Meeus, Astronomical Algorithms, chapter 54. */
 double ZENITHOR_CALL ALL_SE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_ALL_SE");
 double ZENITHOR_CALL TOTAL_SE(double JulianDay, EventRecord* Record)
@@ -249,7 +251,8 @@ double ZENITHOR_CALL PARTIAL_SE(double JulianDay, EventRecord* Record)
 /* Lunar eclipses: blocks 15 to 18. As for the Sun, from JulianDay - 22, at a mean full moon more
  * than 0.53 lunation after it; one up to about six days past is found again. ALL_LE returns the
  * eclipse whatever its kind, block 18; TOTAL_LE reads block 15 (total), PARTIAL_LE 16 (partial in
- * the umbra), PENUM_LE 17 (penumbral). Source: Meeus, Astronomical Algorithms, chapter 54; the
+ * the umbra), PENUM_LE 17 (penumbral). A search from afar is answered as the formulas have it, up
+ * to 2.66e17 days, where lunations cannot be counted: 0.0 and zeroed blocks. Source: Meeus, Astronomical Algorithms, chapter 54; the
  * instants carry the corrections of solar eclipses on purpose, which moves them by up to 142 s. */
 double ZENITHOR_CALL ALL_LE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_ALL_LE");

@@ -4,8 +4,11 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
+#include <cstdint>
 #include <cstdlib>
 #else
 #include <fcntl.h>
@@ -37,6 +40,24 @@ Result WithWideName(const char* name, Result failure, Use use) {
   return result;
 }
 
+// A file that the run-time reads from a handle; null where there is none.
+std::FILE* ReadFrom(HANDLE handle) {
+  if (handle == INVALID_HANDLE_VALUE) {
+    return nullptr;
+  }
+  const int descriptor =
+      _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_RDONLY | _O_NOINHERIT);
+  std::FILE* const file = descriptor < 0 ? nullptr : _fdopen(descriptor, "rb");
+  if (file == nullptr) {
+    if (descriptor < 0) {
+      CloseHandle(handle);
+    } else {
+      _close(descriptor);
+    }
+  }
+  return file;
+}
+
 }  // namespace
 
 bool FileExists(const char* name) {
@@ -47,12 +68,20 @@ bool FileExists(const char* name) {
 }
 
 std::FILE* OpenForReading(const char* name) {
-  // N: child processes do not inherit it.
-  if (std::FILE* const file = std::fopen(name, "rbN")) {
-    return file;
+  // Whoever puts a new file in place of an old one by renaming still has it open for a moment, with
+  // the right to delete it. Only who shares that right, as fopen does not, can open the file then.
+  // No security attributes: programs that the host starts do not inherit the handle.
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const auto open_wide = [](const wchar_t* wide) {
+    return CreateFileW(wide, GENERIC_READ, kShared, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+  };
+  HANDLE handle = CreateFileA(name, GENERIC_READ, kShared, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    handle = WithWideName(name, handle, open_wide);
   }
-  return WithWideName(name, static_cast<std::FILE*>(nullptr),
-                      [](const wchar_t* wide) { return _wfopen(wide, L"rbN"); });
+  return ReadFrom(handle);
 }
 
 #else

@@ -11,8 +11,9 @@ namespace zenithor {
 // Whether something of that name exists; it need not be readable, nor an ordinary file.
 bool FileExists(const char* name);
 
-// Opens an ordinary file for binary reading; null when that fails, also for a directory. Programs
-// that the host starts do not inherit it.
+// Opens an ordinary file for binary reading; null when that fails, also for a directory. A file
+// that has just been renamed into its place opens, too. Programs that the host starts do not
+// inherit it.
 std::FILE* OpenForReading(const char* name);
 
 }  // namespace zenithor

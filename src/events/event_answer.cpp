@@ -30,9 +30,6 @@ FoundEvent FindSeason(double julian_day, std::int32_t selector) {
 // up to three weeks back.
 FoundEvent FindPhase(double julian_day, std::int32_t selector) {
   const double start = selector == kNewMoon ? julian_day - 7.0 : julian_day;
-  if (!CanCountFrom(PhaseLunation(start, selector))) {
-    return {};
-  }
   return {true, PhaseInstant(start, selector), selector};
 }
 

@@ -20,7 +20,7 @@ struct LunarEclipse {
 LunarEclipse DescribeLunarEclipse(const EclipseGeometry& at);
 
 // The first lunar eclipse at a mean full moon more than 0.53 lunation after a Julian day [day].
-// Gives up at once when lunations cannot be counted from there, and after kLongestSearch lunations.
+// Gives up at once where lunations cannot be counted, and after kLongestSearch lunations.
 // Accuracy: eclipse_core.h; the semidurations meet the book's examples within a minute.
 // Source: Meeus, Astronomical Algorithms, chapter 54.
 LunarEclipse FindLunarEclipse(double julian_day);

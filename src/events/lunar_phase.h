@@ -14,10 +14,6 @@ constexpr std::int32_t kLastQuarter = 3;
 constexpr double kMeanNewMoonOf2000 = 2451550.09765;             // Julian Ephemeris Day
 constexpr double kCenturiesPerLunation = 0.0008085054776246109;  // 1 / 1236.85
 
-// Whether the next lunation after k can be told from k. Not so for infinities, NaN, and numbers
-// so large that adding 1 changes nothing (some from 2^53 on, all from 2^54 on).
-inline bool CanCountFrom(double k) { return k + 1.0 > k; }
-
 // Julian Ephemeris Day of the mean phase of lunation k; T = k kCenturiesPerLunation.
 double MeanPhase(double k, double centuries);
 
@@ -28,7 +24,8 @@ double PhaseLunation(double julian_day, std::int32_t phase);
 // Julian Ephemeris Day of the phase of that lunation: mean phase, 25 periodic terms, the correction
 // of the quarters and 14 planetary terms. Against the book's second edition up to 98 s apart for
 // full moons and 30 s for the other phases from 1900 to 2100, 5 minutes from 1000 to 3000, 40
-// minutes in -1000 (docs/deliberate.md has what makes the difference).
+// minutes in -1000 (docs/deliberate.md has what makes the difference). Any day that is finite has a
+// value; where T^4 is not finite (from 1e81 days on) it is not-a-number.
 //   phase   0 to 3 as above; anything else is computed as a quarter without the quarters'
 //           correction, a quarter lunation later for each unit
 // Source: Meeus, Astronomical Algorithms, chapter 49 (first edition: 47).

@@ -30,19 +30,25 @@ std::int32_t ClassifySolarEclipse(double u, double abs_gamma) {
   return u <= 0.0047 ? kNonCentralTotalEclipse : kNonCentralAnnularEclipse;
 }
 
+SolarEclipse DescribeSolarEclipse(const EclipseGeometry& at) {
+  if (!(at.abs_gamma <= kPartialLimit + at.u)) {
+    return {};
+  }
+  const std::int32_t kind = ClassifySolarEclipse(at.u, at.abs_gamma);
+  const double magnitude =
+      kind == kPartialEclipse ? (kPartialLimit + at.u - at.abs_gamma) / (0.5461 + 2.0 * at.u) : 0.0;
+  return {true, at.jde, kind, magnitude};
+}
+
 SolarEclipse FindSolarEclipse(double julian_day) {
   double k = FirstLunationAfter(julian_day);
   if (!CanCountFrom(k)) {
     return {};
   }
   for (std::int32_t lunation = 0; lunation < kLongestSearch; ++lunation, k += 1.0) {
-    const EclipseGeometry at = ComputeEclipseGeometry(k);
-    if (at.abs_gamma <= kPartialLimit + at.u) {
-      const std::int32_t kind = ClassifySolarEclipse(at.u, at.abs_gamma);
-      const double magnitude = kind == kPartialEclipse
-                                   ? (kPartialLimit + at.u - at.abs_gamma) / (0.5461 + 2.0 * at.u)
-                                   : 0.0;
-      return {true, at.jde, kind, magnitude};
+    const SolarEclipse eclipse = DescribeSolarEclipse(ComputeEclipseGeometry(k, Eclipses::kSolar));
+    if (eclipse.found) {
+      return eclipse;
     }
   }
   return {};

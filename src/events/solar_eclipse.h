@@ -2,10 +2,12 @@
 
 #include <cstdint>
 
+#include "events/eclipse_core.h"
+
 namespace zenithor {
 
 struct SolarEclipse {
-  bool found;         // false when the search was given up; the rest is then 0
+  bool found;         // false when there is none; the rest is then 0
   double jde;         // Julian Ephemeris Day of greatest eclipse
   std::int32_t kind;  // 1 to 6, see eclipse_core.h
   double magnitude;   // of a partial eclipse; otherwise 0
@@ -15,8 +17,11 @@ struct SolarEclipse {
 // |gamma| [Earth radii], |gamma| being small enough for one.
 std::int32_t ClassifySolarEclipse(double u, double abs_gamma);
 
+// The solar eclipse at a new moon. None where the Moon's penumbra misses the Earth.
+SolarEclipse DescribeSolarEclipse(const EclipseGeometry& at);
+
 // The first solar eclipse at a mean new moon more than 0.03 lunation after a Julian day [day].
-// Gives up at once when lunations cannot be counted from there, and after kLongestSearch lunations.
+// Gives up at once where lunations cannot be counted, and after kLongestSearch lunations.
 // Accuracy: eclipse_core.h.
 // Source: Meeus, Astronomical Algorithms, chapter 54.
 SolarEclipse FindSolarEclipse(double julian_day);

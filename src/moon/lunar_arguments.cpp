@@ -24,13 +24,21 @@ constexpr double kLatitudeArgument[] = {93.2720993, 483202.0175273, -0.0034029, 
 
 }  // namespace
 
+double LunarNode(double centuries) { return MeanAngle(kMeanNode, centuries); }
+
+double LunarSunAnomaly(double centuries) { return MeanAngle(kSunMeanAnomaly, centuries); }
+
+double LunarMoonAnomaly(double centuries) { return MeanAngle(kMoonMeanAnomaly, centuries); }
+
+double LunarLatitudeArgument(double centuries) { return MeanAngle(kLatitudeArgument, centuries); }
+
 LunarArguments ComputeLunarArguments(double centuries) {
   LunarArguments arguments;
-  arguments.Omega = MeanAngle(kMeanNode, centuries);
+  arguments.Omega = LunarNode(centuries);
   arguments.D = MeanAngle(kMeanElongation, centuries);
-  arguments.M = MeanAngle(kSunMeanAnomaly, centuries);
-  arguments.Mprime = MeanAngle(kMoonMeanAnomaly, centuries);
-  arguments.F = MeanAngle(kLatitudeArgument, centuries);
+  arguments.M = LunarSunAnomaly(centuries);
+  arguments.Mprime = LunarMoonAnomaly(centuries);
+  arguments.F = LunarLatitudeArgument(centuries);
   arguments.E = EccentricityFactor(centuries);
   return arguments;
 }

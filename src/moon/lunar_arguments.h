@@ -28,4 +28,10 @@ double EccentricityFactor(double centuries);
 // J2000.0: A1 of the longitude and latitude (Meeus, chapter 47), K1 of the librations (chapter 53).
 double VenusArgument(double centuries);
 
+// Some of the above alone, the same to the bit.
+double LunarNode(double centuries);              // Omega
+double LunarSunAnomaly(double centuries);        // M
+double LunarMoonAnomaly(double centuries);       // Mprime
+double LunarLatitudeArgument(double centuries);  // F
+
 }  // namespace zenithor

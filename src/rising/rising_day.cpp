@@ -13,6 +13,10 @@ namespace {
 constexpr double kMinutesPerHour = 60.0;
 constexpr double kMinutesPerDay = 1440.0;
 
+// Of a turn of the Earth [rad]: to hours, then to minutes. One product of both factors would differ
+// in the last bit.
+double Minutes(double turn) { return turn * kHoursPerRadian * kMinutesPerHour; }
+
 }  // namespace
 
 RisingDay FindRisingDay(const RisingRequest& request) {
@@ -53,9 +57,7 @@ RiseSetResult RiseSetMinutes(const RiseSetProblem& problem) {
   if (times.horizon == Horizon::kAlwaysBelow) {
     return {ZENITHOR_NEVER_UP, ZENITHOR_NEVER_UP, ZENITHOR_NEVER_UP, ZENITHOR_NEVER_UP};
   }
-  constexpr double kMinutesPerRadian = kHoursPerRadian * kMinutesPerHour;
-  return {0.0, times.rise * kMinutesPerRadian, times.transit * kMinutesPerRadian,
-          times.set * kMinutesPerRadian};
+  return {0.0, Minutes(times.rise), Minutes(times.transit), Minutes(times.set)};
 }
 
 }  // namespace zenithor

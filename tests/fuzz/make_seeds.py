@@ -2,7 +2,8 @@
 """Writes the seed corpus of the fuzz targets: tests/fuzz/corpus/<kind>/<name>.
 
 A seed of an export holds six doubles and two 32-bit integers, the arguments in the order of its
-prototype; one of the loader the length of the index file in two bytes, that file, and the data file.
+prototype; one of the loader the length of the index file (12 bits) and the slot (4 bits) in two bytes, that file,
+and the data file.
 """
 
 import pathlib
@@ -63,10 +64,28 @@ def rising_seeds():
     yield "no-selector", arguments([0.0] * 5, [1, 0])
     yield "nan", arguments([0.0, NAN, 0.0, 0.0, 45.0], [10, 1])
     yield "far", arguments([1e300, -1e300, 1e18, 1e9, -1e9], [5, 2])
+    # The bodies that need the fewest terms, at the latitudes where the answers change their kind.
+    for body, name in ((0, "sun"), (9, "pluto"), (10, "moon")):
+        for selector in (1, 2, 3):
+            for latitude in (0.0, 51.5, -60.85, 66.56, -67.4, 78.2232, -90.0):
+                day = 14000.0 + 37.0 * selector + latitude
+                yield f"{name}-{selector}-at-{latitude}", arguments(
+                    [float(int(day)), 1.0, selector - 2.0, 165.1, latitude], [body, selector])
+    yield "unsettled-moon", arguments([10664, 1, 0, -15.6267, 78.2232], [10, 1])
+    yield "unsettled-at-60.85", arguments([-37621, 0, 0, 165.1015840607574, 60.85180517421211], [10, 1])
+    yield "minutes-before-midnight", arguments([15000.0, 1439.9999999999998, -14.0, 180.0, 45.0], [0, 1])
+    yield "fraction-of-a-day", arguments([15000.25, -0.5, 5.75, -180.0, -45.0], [9, 3])
+    yield "jump-of-delta-t", arguments([14245.0, 0, 0, 0, 45.0], [10, 2])
+    yield "before-948", arguments([-369700.0, 0, 0, 0, 45.0], [10, 3])
 
 
-def loader_files(index, data):
-    return struct.pack("<H", len(index)) + index + data
+ALL_SLOTS = 15
+
+
+def loader_files(index, data, slot=0):
+    """`slot`: -1 to 9, or ALL_SLOTS."""
+    bits = min(slot + 1, 15)
+    return struct.pack("<H", len(index) | bits << 12) + index + data
 
 
 def index_record(first, counts):
@@ -74,19 +93,33 @@ def index_record(first, counts):
     return b"".join(struct.pack("<2h", *field) for field in fields)
 
 
-def loader_seeds():
+def loader_pairs():
     terms = b"".join(struct.pack("<3d", 1.0 / (k + 1), 0.1 * k, 26.0 * k) for k in range(24))
     whole = b"".join(index_record(2 * slot, [1] * 6 + [1, 0, 0, 0, 0, 0] + [1] * 6) for slot in range(9))
-    yield "whole", loader_files(whole, terms)
-    yield "index-ends-early", loader_files(whole[:100], terms)
-    yield "data-ends-early", loader_files(whole, terms[:61])
-    yield "no-bytes", loader_files(b"", b"")
-    yield "no-terms", loader_files(index_record(0, [0] * 18) * 9, b"")
-    yield "negative-counts", loader_files(index_record(0, [-1] * 18) * 9, terms)
-    yield "counts-cancel", loader_files(index_record(0, [-5, 5] * 9) * 9, terms)
-    yield "counts-disagree", loader_files(index_record(0, [100, -90] + [0] * 16) * 9, terms)
-    yield "most-terms", loader_files(index_record(32767, [32767] * 18), terms)
-    yield "negative-first", loader_files(index_record(-3, [4] * 18) * 9, terms)
+    yield "whole", whole, terms
+    yield "index-ends-early", whole[:100], terms
+    yield "data-ends-early", whole, terms[:61]
+    yield "no-bytes", b"", b""
+    yield "no-terms", index_record(0, [0] * 18) * 9, b""
+    yield "negative-counts", index_record(0, [-1] * 18) * 9, terms
+    yield "counts-cancel", index_record(0, [-5, 5] * 9) * 9, terms
+    yield "counts-disagree", index_record(0, [100, -90] + [0] * 16) * 9, terms
+    yield "most-terms", index_record(32767, [32767] * 18), terms
+    yield "negative-first", index_record(-3, [4] * 18) * 9, terms
+
+
+def loader_seeds():
+    for name, index, data in loader_pairs():
+        yield name, loader_files(index, data)
+        yield f"{name}-last-slot", loader_files(index, data, 8)
+        yield f"{name}-all-slots", loader_files(index, data, ALL_SLOTS)
+    for slot in (-1, 9):
+        yield f"no-slot-{slot}", loader_files(b"", b"", slot)
+    yield "one-term", loader_files(index_record(0, [1] + [0] * 17), struct.pack("<3d", 1.0, 2.0, 3.0))
+    yield "equal-frequencies", loader_files(
+        index_record(0, [4] * 6 + [0] * 12), struct.pack("<3d", 1.0, 2.0, 6283.0758) * 24)
+    yield "not-numbers", loader_files(
+        index_record(0, [2] + [0] * 17), struct.pack("<6d", NAN, INFINITY, -INFINITY, 1e300, 1e308, 5e-324))
 
 
 SEEDS = {

@@ -188,7 +188,7 @@ static const ExportRow* PickExport(Source* source) {
   return &kExports[1 + Pick(source, kExportCount - 2)];
 }
 
-/* Whether a call may be a search through a million lunations, which takes a second or so. */
+/* Whether a call may be a search through so many lunations that it gives up. */
 static int MayBeLong(const Call* call) {
   const double distance = fabs(call->arguments.doubles[0]);
   return call->row->first_block == 8 && distance > 5e9 && distance < 1e18;

@@ -61,19 +61,6 @@ enum {
   kExtremeIntegerCount = sizeof kExtremeIntegers / sizeof kExtremeIntegers[0]
 };
 
-/* Whether a call is a solar eclipse search from so far off that it may look at a million lunations,
- * which takes a fifth of a second at best. A table of extremes makes few of them: all searches are
- * one. */
-static inline int MayBeALongSearch(const ExportRow* row, const ExportArguments* arguments) {
-  return row->first_block == 8 && fabs(arguments->doubles[0]) > 5e9 &&
-         fabs(arguments->doubles[0]) < 1e18;
-}
-
-/* How many long searches a table of extremes makes of an export. */
-static inline int LongSearchesOf(const ExportRow* row) {
-  return row->shape == kShapeFramedEvent ? 8 : 1;
-}
-
 /* Every argument at random: half of the doubles from the table, a quarter any bits at all, the rest
  * an ordinary moment or angle. */
 static inline ExportArguments ExtremeArguments(uint64_t* random) {

@@ -11,7 +11,12 @@
 #include "ephemeris/series.h"
 #include "support/archive_files.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#else
 #include <sys/stat.h>
 #endif
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
@@ -165,7 +170,25 @@ TEST_F(Loader, DirectoryInPlaceOfAFileCannotBeOpened) {
   std::fclose(store_.index_stream);
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+// A program that renames a new file over the old one has it open, with the right to delete, until
+// the rename returns.
+TEST_F(Loader, ReadsFilesThatHaveJustBeenPutInPlace) {
+  WriteNineSlots();
+  HANDLE renamed[2];
+  for (int k = 0; k < 2; ++k) {
+    renamed[k] = CreateFileA((k == 0 ? index_path_ : data_path_).c_str(), DELETE | SYNCHRONIZE,
+                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(renamed[k], INVALID_HANDLE_VALUE);
+  }
+  EXPECT_EQ(Load(3), LoadStatus::kLoaded);
+  EXPECT_EQ(store_.bodies[3].term_count, 2);
+  for (const HANDLE file : renamed) {
+    CloseHandle(file);
+  }
+}
+#else
 TEST_F(Loader, PipeInPlaceOfAFileCannotBeOpened) {
   WriteNineSlots();
   const std::string pipe = folder_ / "pipe";

@@ -7,6 +7,7 @@
 #include "events/event_answer.h"
 #include "events/event_block.h"
 #include "events/event_table.h"
+#include "events/lunar_phase.h"
 #include "support/golden.h"
 #include "support/untouched.h"
 
@@ -113,20 +114,38 @@ TEST(EventExports, DaysThatAreNotFiniteZeroTheFamily) {
   }
 }
 
-TEST(EventExports, DaysFromWhichLunationsCannotBeCountedZeroPhasesAndEclipses) {
-  for (const double day : {6e17, -6e17, 1e100, std::numeric_limits<double>::max(),
-                           std::numeric_limits<double>::lowest()}) {
+TEST(EventExports, DaysFromWhichLunationsCannotBeCountedZeroEclipsesOnly) {
+  for (const double day :
+       {2.67e17, -2.67e17, 6e17, -6e17, 1e100, std::numeric_limits<double>::max(),
+        std::numeric_limits<double>::lowest()}) {
     for (const BlockContents& row : kBlocks) {
       EventRecord record = UntouchedEvents();
       const double answer = AnswerEvent(row.block, day, row.kind, &record);
       if (row.family == EventFamily::kSeasons) {
         EXPECT_TRUE(std::isfinite(answer)) << row.block;  // of the last year that 32 bits hold
-      } else {
+      } else if (row.family != EventFamily::kPhases) {
         EXPECT_EQ(answer, 0.0) << row.block << " " << day;
         ExpectOnly(record, row.family, -1);
       }
     }
   }
+}
+
+TEST(EventExports, APhaseIsAnsweredForEveryFiniteDay) {
+  // Days next to each other, of whose lunations adding 1 changes one and does not change the other.
+  for (const double day : {2.66e17, 2.66e17 + 32.0, 2.7e17, 5e17, 1e18, -1e18, 1e40, -1e60}) {
+    for (const std::int32_t phase : {kNewMoon, kFirstQuarter, kFullMoon, kLastQuarter}) {
+      EventRecord record = UntouchedEvents();
+      const int block = ZENITHOR_BLOCK_NEW_MOON + phase;
+      const double answer = AnswerEvent(block, day, phase, &record);
+      EXPECT_EQ(answer, PhaseInstant(phase == kNewMoon ? day - 7.0 : day, phase)) << day;
+      EXPECT_NE(answer, 0.0) << day;
+      ExpectOnly(record, EventFamily::kPhases, block);
+    }
+  }
+  // T^4 overflows, and the terms of the mean phase have different signs.
+  EventRecord record = UntouchedEvents();
+  EXPECT_TRUE(std::isnan(AnswerEvent(ZENITHOR_BLOCK_FULL_MOON, -1e100, kFullMoon, &record)));
 }
 
 TEST(EventExports, AnEclipseSearchThatGivesUpZeroesTheFamily) {

@@ -61,6 +61,16 @@ TEST(LunarArguments, MeetASecondEvaluationAHundredThousandYearsFromJ2000) {
   }
 }
 
+TEST(LunarArguments, AloneAreTheSameBits) {
+  for (double t = -1e9; t <= 1e9; t += 12345678.9) {
+    const LunarArguments a = ComputeLunarArguments(t);
+    EXPECT_EQ(LunarNode(t), a.Omega);
+    EXPECT_EQ(LunarSunAnomaly(t), a.M);
+    EXPECT_EQ(LunarMoonAnomaly(t), a.Mprime);
+    EXPECT_EQ(LunarLatitudeArgument(t), a.F);
+  }
+}
+
 TEST(LunarArguments, LieWithinOneTurn) {
   for (double t = -50.0; t <= 50.0; t += 0.0078125) {
     const LunarArguments a = ComputeLunarArguments(t);

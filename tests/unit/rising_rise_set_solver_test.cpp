@@ -69,6 +69,15 @@ TEST(EventSolver, RiseOfTheMoonAtTromsoDoesNotSettle) {
   EXPECT_TRUE(std::isfinite(result.Set));
 }
 
+TEST(EventSolver, RiseOfTheMoonBelowLatitude61DoesNotSettle) {
+  // The lowest latitude at which a time is known not to settle.
+  const RiseSetResult result = RiseSetMinutes(
+      Pose({-37621.0, 0.0, 0.0, 165.1015840607574, 60.85180517421211, ZENITHOR_MOON}));
+  EXPECT_TRUE(std::isnan(result.Rise));
+  EXPECT_TRUE(std::isfinite(result.Transit));
+  EXPECT_TRUE(std::isfinite(result.Set));
+}
+
 // Where the body stands at the fraction m of the day, by the formulas of the book [rad].
 class Sky {
  public:
@@ -242,6 +251,21 @@ TEST(EventSolver, KeptOnPurposeTheSignalStandsInTheTransitToo) {
   const RiseSetTimes times =
       SolveRiseSet(Pose({kJuneSolstice2026, 0.0, 0.0, 0.0, 80.0, ZENITHOR_SUN}));
   EXPECT_NEAR(times.transit / kTwoPi * 1440.0, 722.0, 1.0);
+}
+
+TEST(EventSolver, TimesGoToHoursAndThenToMinutes) {
+  int other_bits = 0;
+  for (int day = 14000; day < 14400; ++day) {
+    const RiseSetProblem problem =
+        Pose({static_cast<double>(day), 0.0, 0.0, 71.0833, 42.3333, ZENITHOR_VENUS});
+    const RiseSetTimes times = SolveRiseSet(problem);
+    const RiseSetResult result = RiseSetMinutes(problem);
+    ASSERT_EQ(result.Rise, times.rise * 3.819718634205488 * 60.0) << day;
+    ASSERT_EQ(result.Transit, times.transit * 3.819718634205488 * 60.0) << day;
+    ASSERT_EQ(result.Set, times.set * 3.819718634205488 * 60.0) << day;
+    other_bits += result.Rise != times.rise * (3.819718634205488 * 60.0) ? 1 : 0;
+  }
+  EXPECT_GT(other_bits, 40);
 }
 
 TEST(EventSolver, DayAndNightAreEquallyLongAtTheEquinoxApartFromRefractionAndSemidiameter) {
