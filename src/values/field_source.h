@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+
+#include "ephemeris/store.h"
+#include "positions/position.h"
+#include "search/roots.h"
+#include "values/field_bounds.h"
+
+namespace zenithor {
+
+// Fields as the search room takes them.
+
+// What a search asks for the values: a field of a body, or of one body less that of another.
+struct FieldSource {
+  const EphemerisStore* store;
+  PositionState* state;
+  std::int32_t body;
+  std::int32_t other;  // -1 when there is none
+  std::int32_t field;
+};
+
+constexpr std::int32_t kNoOther = -1;
+constexpr double kMomentTolerance = 1e-7;  // [day]
+
+// The source as a function of time; the source must outlive it.
+TimeFunction FunctionOfSource(FieldSource& source);
+
+// Of a difference of two bodies: its rates, and the sums of their other bounds.
+FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);
+
+// Where the source takes `target`, in the unit of SmoothValues. The widest cell is half the time in
+// which the greatest rate could be lost by bending, or that in which a longitude moves by less than
+// a quarter turn.
+RootProblem CrossingProblem(FieldSource& source, const FieldBounds& bounds, double target);
+
+// Whether from and to are days of ZENITHOR_FIRST_DAY to ZENITHOR_LAST_DAY.
+bool IsSearchableSpan(double from, double to);
+
+// The day after which a search for the next moment begins, and where it ends.
+double JustAfter(double day);
+
+// 0, or the error code for arrays and capacity as they are given.
+std::int32_t ArrayError(const double* julian_days, std::int32_t capacity);
+
+// Fills the caller's arrays with what `next(walk, root)` gives and returns how many there are.
+template <class Walk>
+std::int32_t FillMoments(Walk& walk, bool (*next)(Walk&, Root&), double* julian_days,
+                         std::int32_t* directions, std::int32_t capacity) {
+  std::int32_t count = 0;
+  Root root;
+  while (next(walk, root)) {
+    if (count < capacity) {
+      julian_days[count] = root.moment;
+      if (directions != nullptr) {
+        directions[count] = root.direction;
+      }
+    }
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace zenithor
