@@ -18,13 +18,13 @@ struct AspectSide {
 };
 
 struct AspectWalk {
-  FieldSource source;
+  SourcePair sources;
   AspectSide sides[2];
 };
 
 void Advance(AspectSide& side) { side.has_next = NextRoot(side.roots, side.next); }
 
-std::int32_t BeginAspects(AspectWalk& walk, const EphemerisStore& store, PositionState& state,
+std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, PositionState& state,
                           std::int32_t body, std::int32_t other, std::int32_t field, double angle,
                           double from, double to) {
   const auto is_body = [](std::int32_t number) {
@@ -47,12 +47,12 @@ std::int32_t BeginAspects(AspectWalk& walk, const EphemerisStore& store, Positio
   }
   const double reduced = longitude ? std::remainder(angle, 360.0) : angle;
   const bool both_sides_are_one = reduced == 0.0 || (longitude && std::fabs(reduced) == 180.0);
-  walk.source = {&store, &state, body, other, field};
+  walk.sources = PairOf(stores, state, body, other, field);
   const FieldBounds bounds = BoundsOfDifference(*a, *b);
   walk.sides[1].has_next = false;
   for (int side = 0; side < (both_sides_are_one ? 1 : 2); ++side) {
     const RootProblem problem =
-        CrossingProblem(walk.source, bounds, side == 0 ? reduced : -reduced);
+        CrossingProblem(walk.sources, bounds, side == 0 ? reduced : -reduced);
     if (!BeginRoots(walk.sides[side].roots, problem, from, to)) {
       return ZENITHOR_ERROR_SPAN;
     }
@@ -77,7 +77,7 @@ bool NextAspect(AspectWalk& walk, Root& root) {
 
 }  // namespace
 
-std::int32_t FindAspects(const EphemerisStore& store, PositionState& state, std::int32_t body,
+std::int32_t FindAspects(const SearchStores& stores, PositionState& state, std::int32_t body,
                          std::int32_t other, std::int32_t field, double angle, double from,
                          double to, double* julian_days, std::int32_t* directions,
                          std::int32_t capacity) {
@@ -85,15 +85,15 @@ std::int32_t FindAspects(const EphemerisStore& store, PositionState& state, std:
     return error;
   }
   AspectWalk walk;
-  const std::int32_t error = BeginAspects(walk, store, state, body, other, field, angle, from, to);
+  const std::int32_t error = BeginAspects(walk, stores, state, body, other, field, angle, from, to);
   return error != 0 ? error : FillMoments(walk, NextAspect, julian_days, directions, capacity);
 }
 
-double NextAspectAfter(const EphemerisStore& store, PositionState& state, std::int32_t body,
+double NextAspectAfter(const SearchStores& stores, PositionState& state, std::int32_t body,
                        std::int32_t other, std::int32_t field, double angle, double after) {
   AspectWalk walk;
   Root root;
-  const bool found = BeginAspects(walk, store, state, body, other, field, angle, JustAfter(after),
+  const bool found = BeginAspects(walk, stores, state, body, other, field, angle, JustAfter(after),
                                   ZENITHOR_LAST_DAY) == 0 &&
                      NextAspect(walk, root);
   return found ? root.moment : std::numeric_limits<double>::quiet_NaN();

@@ -17,7 +17,7 @@ enum class Way { kNone, kSmooth, kDirection, kCalendar };
 // A search under way; holds addresses of its own members.
 struct CrossingWalk {
   Way way;
-  FieldSource source;
+  SourcePair sources;
   RootWalk roots;
   std::int32_t wanted;  // of field 106: the direction that is asked for
   CalendarWalk calendar;
@@ -43,7 +43,7 @@ double SmoothTarget(std::int32_t field, double target) {
   return target;
 }
 
-std::int32_t BeginCrossings(CrossingWalk& walk, const EphemerisStore& store, PositionState& state,
+std::int32_t BeginCrossings(CrossingWalk& walk, const SearchStores& stores, PositionState& state,
                             std::int32_t body, std::int32_t field, double target, double from,
                             double to) {
   if (body < 0 || body >= ZENITHOR_BODY_COUNT) {
@@ -74,9 +74,9 @@ std::int32_t BeginCrossings(CrossingWalk& walk, const EphemerisStore& store, Pos
   }
   walk.way = direction ? Way::kDirection : Way::kSmooth;
   walk.wanted = target > 0.0 ? 1 : -1;
-  walk.source = {&store, &state, body, kNoOther, searched};
+  walk.sources = PairOf(stores, state, body, kNoOther, searched);
   const bool begun =
-      BeginRoots(walk.roots, CrossingProblem(walk.source, *bounds, smooth_target), from, to);
+      BeginRoots(walk.roots, CrossingProblem(walk.sources, *bounds, smooth_target), from, to);
   return begun ? 0 : ZENITHOR_ERROR_SPAN;
 }
 
@@ -101,18 +101,18 @@ bool NextCrossing(CrossingWalk& walk, Root& root) {
 
 }  // namespace
 
-std::int32_t FindCrossings(const EphemerisStore& store, PositionState& state, std::int32_t body,
+std::int32_t FindCrossings(const SearchStores& stores, PositionState& state, std::int32_t body,
                            std::int32_t field, double target, double from, double to,
                            double* julian_days, std::int32_t* directions, std::int32_t capacity) {
   if (const std::int32_t error = ArrayError(julian_days, capacity); error != 0) {
     return error;
   }
   CrossingWalk walk;
-  const std::int32_t error = BeginCrossings(walk, store, state, body, field, target, from, to);
+  const std::int32_t error = BeginCrossings(walk, stores, state, body, field, target, from, to);
   return error != 0 ? error : FillMoments(walk, NextCrossing, julian_days, directions, capacity);
 }
 
-double NextCrossingAfter(const EphemerisStore& store, PositionState& state, std::int32_t body,
+double NextCrossingAfter(const SearchStores& stores, PositionState& state, std::int32_t body,
                          std::int32_t field, double target, double after) {
   // Every mark of the clock comes within a day.
   const double last =
@@ -120,7 +120,7 @@ double NextCrossingAfter(const EphemerisStore& store, PositionState& state, std:
   CrossingWalk walk;
   Root root;
   const bool found =
-      BeginCrossings(walk, store, state, body, field, target, JustAfter(after), last) == 0 &&
+      BeginCrossings(walk, stores, state, body, field, target, JustAfter(after), last) == 0 &&
       NextCrossing(walk, root);
   return found ? root.moment : std::numeric_limits<double>::quiet_NaN();
 }

@@ -17,6 +17,10 @@ struct FieldBounds {
   double bend;          // [unit/day^2] greatest second derivative met, and half as much again
   double bend_rate;     // [unit/day^3] greatest third derivative, likewise
   double noise;         // [unit] twice the greatest rounding error met
+  // How far the field's value and rate by the GuideStore are off [unit, unit/day], with the same
+  // margin as the bends; 0 when there is no guide.
+  double guide_error;
+  double guide_rate_error;
 };
 
 // Null when the body has no such field or the field has no smooth form.

@@ -23,12 +23,31 @@ void Evaluate(void* context, const double* times, std::int32_t count, double* va
     double a;
     double b;
     SmoothValues(*source.store, *source.state, source.body, source.field, &times[i], 1, &a);
-    SmoothValues(*source.store, *source.state, source.other, source.field, &times[i], 1, &b);
+    SmoothValues(*source.other_store, *source.state, source.other, source.field, &times[i], 1, &b);
     values[i] = a - b;
   }
 }
 
 }  // namespace
+
+SourcePair PairOf(const SearchStores& stores, PositionState& state, std::int32_t body,
+                  std::int32_t other, std::int32_t field) {
+  const auto has_guide = [&](std::int32_t number) {
+    const FieldBounds* const bounds = BoundsOf(number, field);
+    return stores.guide != nullptr && bounds != nullptr && bounds->guide_error > 0.0;
+  };
+  const FieldSource full{stores.full, stores.full, &state, body, other, field};
+  SourcePair pair{full, full, false};
+  if (has_guide(body)) {
+    pair.guide.store = stores.guide;
+    pair.guided = true;
+  }
+  if (has_guide(other)) {
+    pair.guide.other_store = stores.guide;
+    pair.guided = true;
+  }
+  return pair;
+}
 
 TimeFunction FunctionOfSource(FieldSource& source) { return {Evaluate, &source}; }
 
@@ -39,14 +58,20 @@ FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b) {
           a.highest_rate - b.lowest_rate,
           a.bend + b.bend,
           a.bend_rate + b.bend_rate,
-          a.noise + b.noise};
+          a.noise + b.noise,
+          a.guide_error + b.guide_error,
+          a.guide_rate_error + b.guide_rate_error};
 }
 
-RootProblem CrossingProblem(FieldSource& source, const FieldBounds& bounds, double target) {
+RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, double target) {
   RootProblem problem{};
-  problem.function = FunctionOfSource(source);
+  problem.function = FunctionOfSource(sources.full);
+  if (sources.guided) {
+    problem.guide = FunctionOfSource(sources.guide);
+    problem.guide_error = bounds.guide_error;
+  }
   problem.target = target;
-  problem.period = SmoothPeriod(source.field);
+  problem.period = SmoothPeriod(sources.full.field);
   problem.bend = bounds.bend;
   problem.noise = bounds.noise;
   const double rate = GreatestRate(bounds);

@@ -11,14 +11,32 @@ namespace zenithor {
 
 // Fields as the search room takes them.
 
+// The full series and, where there is one, the guide's (guide_store.h). The moments that are found
+// depend on both, so that a library uses one guide for all its searches.
+struct SearchStores {
+  const EphemerisStore* full;
+  const EphemerisStore* guide;  // may be null: searches then take ten times longer
+};
+
 // What a search asks for the values: a field of a body, or of one body less that of another.
 struct FieldSource {
   const EphemerisStore* store;
+  const EphemerisStore* other_store;
   PositionState* state;
   std::int32_t body;
   std::int32_t other;  // -1 when there is none
   std::int32_t field;
 };
+
+// The source that asks the full series, and the one that asks the guide where it has the body.
+struct SourcePair {
+  FieldSource full;
+  FieldSource guide;
+  bool guided;  // whether the two differ
+};
+
+SourcePair PairOf(const SearchStores& stores, PositionState& state, std::int32_t body,
+                  std::int32_t other, std::int32_t field);
 
 constexpr std::int32_t kNoOther = -1;
 constexpr double kMomentTolerance = 1e-7;  // [day]
@@ -29,10 +47,10 @@ TimeFunction FunctionOfSource(FieldSource& source);
 // Of a difference of two bodies: its rates, and the sums of their other bounds.
 FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);
 
-// Where the source takes `target`, in the unit of SmoothValues. The widest cell is half the time in
+// Where the sources take `target`, in the unit of SmoothValues. The widest cell is half the time in
 // which the greatest rate could be lost by bending, or that in which a longitude moves by less than
 // a quarter turn.
-RootProblem CrossingProblem(FieldSource& source, const FieldBounds& bounds, double target);
+RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, double target);
 
 // Whether from and to are days of ZENITHOR_FIRST_DAY to ZENITHOR_LAST_DAY.
 bool IsSearchableSpan(double from, double to);

@@ -3,6 +3,7 @@
 // For every body and field the greatest first, second and third derivative met in WINDOWS windows
 // of 17 moments, random and evenly spread over the span by a draw in each of as many equal parts,
 // times a margin of 1.5 (kMargin); and the rounding noise, twice the greatest scatter met.
+// How far the guide (guide_store.h) is off, in value and rate, has the first margin too.
 // Left out are windows in which Pluto is within 3 degrees of the Sun: the bending of its light
 // grows there without limit, as 0.008" / elongation, also where the Sun's disc would hide it.
 // Derivatives are taken from seven values `spacing` apart, which suits the body.
@@ -15,6 +16,7 @@
 
 #include "positions/position.h"
 #include "support/full_store.h"
+#include "values/guide_store.h"
 #include "values/smooth_values.h"
 #include "zenithor/values.h"
 
@@ -56,6 +58,8 @@ struct Extremes {
   double bend = 0.0;
   double bend_rate = 0.0;
   double noise = 0.0;
+  double guide_error = 0.0;
+  double guide_rate_error = 0.0;
 };
 
 double FieldOf(const SmoothPlace& place, int field) {
@@ -89,6 +93,15 @@ void Measure(const double* f, double h, Extremes& out) {
   out.bend_rate = std::max(out.bend_rate, std::fabs(third));
 }
 
+// What the guide has more than the field, from d[-3] to d[3].
+void MeasureGuide(const double* d, double h, bool motion, Extremes& out) {
+  Extremes rest;
+  Measure(d, h, rest);
+  const double rate = std::max(std::fabs(rest.lowest_rate), std::fabs(rest.highest_rate));
+  out.guide_error = std::max(out.guide_error, motion ? rate : std::fabs(d[0]));
+  out.guide_rate_error = std::max(out.guide_rate_error, motion ? rest.bend : rate);
+}
+
 // Motions are the derivatives of another field: their own, from one derivative higher.
 void MeasureMotion(const double* f, double h, Extremes& out) {
   Extremes of_field;
@@ -108,7 +121,11 @@ void MeasureNoise(const double* f, Extremes& out) {
   out.noise = std::max(out.noise, std::fabs(rest) / 8.0);
 }
 
-void ScanBody(int body, int windows, unsigned seed) {
+bool HasGuide(int body, int field) {
+  return body <= ZENITHOR_BODY_NEPTUNE && field != 16 && field != 17;
+}
+
+void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide) {
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<double> part(0.0, 1.0);
   Extremes extremes[std::size(kFields)];
@@ -121,11 +138,16 @@ void ScanBody(int body, int windows, unsigned seed) {
     const int count = noise ? 5 : kMoments;
     const double step = noise ? std::ldexp(1.0, -20) : h;
     SmoothPlace places[kMoments];
+    SmoothPlace guided[kMoments];
     bool too_near = false;
     for (int i = 0; i < count; ++i) {
       places[i] = {};
       ComputeSmoothPlace(testing::FullStore(), state, body, start + i * step, SmoothPart::kWhole,
                          places[i]);
+      guided[i] = {};
+      if (!noise && body <= ZENITHOR_BODY_NEPTUNE) {
+        ComputeSmoothPlace(guide, state, body, start + i * step, SmoothPart::kWhole, guided[i]);
+      }
       too_near |= body == ZENITHOR_BODY_PLUTO && places[i].half_angle_sine < kPlutoTooNear;
     }
     if (too_near) {
@@ -136,9 +158,11 @@ void ScanBody(int body, int windows, unsigned seed) {
       const bool motion = field == 103 || field == 104;
       const int source = field == 103 ? 101 : field == 104 ? 8 : field;
       double f[kMoments];
+      double d[kMoments];
       for (int i = 0; i < count; ++i) {
         const double x = FieldOf(places[i], source);
         f[i] = i == 0 ? x : Unwrapped(x, f[i - 1], PeriodOf(source));
+        d[i] = Unwrapped(FieldOf(guided[i], source), x, PeriodOf(source)) - x;
       }
       if (noise) {
         MeasureNoise(f, extremes[k]);
@@ -146,6 +170,9 @@ void ScanBody(int body, int windows, unsigned seed) {
       }
       for (int i = 3; i + 3 < count; ++i) {
         motion ? MeasureMotion(f + i, h, extremes[k]) : Measure(f + i, h, extremes[k]);
+        if (HasGuide(body, field)) {
+          MeasureGuide(d + i, h, motion, extremes[k]);
+        }
       }
     }
   }
@@ -158,8 +185,9 @@ void ScanBody(int body, int windows, unsigned seed) {
     const bool motion = field == 103 || field == 104;
     // The definition of a motion adds up 18 values with 16 / 12.
     const double noise = kNoiseMargin * e.noise * (motion ? 24.0 : 1.0);
-    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body, field, e.lowest_rate,
-                e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise);
+    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body, field,
+                e.lowest_rate, e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise,
+                kMargin * e.guide_error, kMargin * e.guide_rate_error);
   }
   std::fflush(stdout);
 }
@@ -172,9 +200,12 @@ int main(int argc, char** argv) {
   const unsigned seed = argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1;
   std::printf(
       "// By tests/scan/field_bounds_scan. Body, field, lowest and highest rate met [unit/day];\n"
-      "// second and third derivative [unit/day^2, unit/day^3] and noise [unit], with margins.\n");
+      "// second and third derivative [unit/day^2, unit/day^3] and noise [unit], with margins;\n"
+      "// how far the guide is off [unit, unit/day].\n");
+  static zenithor::GuideStore guide;
+  zenithor::MakeGuideStore(zenithor::testing::FullStore(), guide);
   for (int body = 0; body < ZENITHOR_BODY_COUNT; ++body) {
-    zenithor::ScanBody(body, windows, seed);
+    zenithor::ScanBody(body, windows, seed, guide.store);
   }
   return 0;
 }

@@ -17,6 +17,7 @@
 #include "values/aspects.h"
 #include "values/crossings.h"
 #include "values/field_bounds.h"
+#include "values/guide_store.h"
 #include "values/smooth_values.h"
 #include "values/stations.h"
 #include "zenithor/values.h"
@@ -32,6 +33,15 @@ struct Moment {
   double julian_day;
   std::int32_t direction;
 };
+
+const SearchStores& Stores() {
+  static GuideStore guide;
+  static const SearchStores stores = [] {
+    MakeGuideStore(FullStore(), guide);
+    return SearchStores{&FullStore(), &guide.store};
+  }();
+  return stores;
+}
 
 PositionState& State() {
   static PositionState state;
@@ -56,20 +66,20 @@ std::vector<Moment> All(Find find) {
 
 std::vector<Moment> Crossings(int body, int field, double target, double from, double to) {
   return All([&](double* days, std::int32_t* directions, std::int32_t capacity) {
-    return FindCrossings(FullStore(), State(), body, field, target, from, to, days, directions,
+    return FindCrossings(Stores(), State(), body, field, target, from, to, days, directions,
                          capacity);
   });
 }
 
 std::vector<Moment> Stations(int body, int field, double from, double to) {
   return All([&](double* days, std::int32_t* directions, std::int32_t capacity) {
-    return FindStations(FullStore(), State(), body, field, from, to, days, directions, capacity);
+    return FindStations(Stores(), State(), body, field, from, to, days, directions, capacity);
   });
 }
 
 std::vector<Moment> Aspects(int body, int other, int field, double angle, double from, double to) {
   return All([&](double* days, std::int32_t* directions, std::int32_t capacity) {
-    return FindAspects(FullStore(), State(), body, other, field, angle, from, to, days, directions,
+    return FindAspects(Stores(), State(), body, other, field, angle, from, to, days, directions,
                        capacity);
   });
 }
@@ -394,7 +404,7 @@ TEST(Searches, CountBeyondTheCapacityAndWriteNoFurther) {
   double days[4] = {-1.0, -1.0, -1.0, -1.0};
   std::int32_t directions[4] = {7, 7, 7, 7};
   const auto stations = [&](double* array, std::int32_t capacity) {
-    return FindStations(FullStore(), State(), 1, 101, kJ2000Day, kJ2000Day + 365.0, array,
+    return FindStations(Stores(), State(), 1, 101, kJ2000Day, kJ2000Day + 365.0, array,
                         directions, capacity);
   };
   EXPECT_EQ(stations(nullptr, 0), 6);
@@ -403,15 +413,15 @@ TEST(Searches, CountBeyondTheCapacityAndWriteNoFurther) {
   EXPECT_EQ(days[2], -1.0);
   EXPECT_EQ(directions[2], 7);
   EXPECT_EQ(stations(days, 4), 6);
-  EXPECT_EQ(NextStationAfter(FullStore(), State(), 1, 101, days[0]), days[1]);
-  EXPECT_EQ(NextStationAfter(FullStore(), State(), 1, 101, days[0] - 1.0), days[0]);
+  EXPECT_EQ(NextStationAfter(Stores(), State(), 1, 101, days[0]), days[1]);
+  EXPECT_EQ(NextStationAfter(Stores(), State(), 1, 101, days[0] - 1.0), days[0]);
 }
 
 TEST(Searches, SayWhatIsWrongWithAQuestion) {
   double day[1];
   const auto crossings = [&](int body, int field, double target, double from, double to,
                              double* array, std::int32_t capacity) {
-    return FindCrossings(FullStore(), State(), body, field, target, from, to, array, nullptr,
+    return FindCrossings(Stores(), State(), body, field, target, from, to, array, nullptr,
                          capacity);
   };
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -426,14 +436,14 @@ TEST(Searches, SayWhatIsWrongWithAQuestion) {
   EXPECT_EQ(crossings(1, 101, 0.0, 0.0, from, day, 1), ZENITHOR_ERROR_SPAN);
   EXPECT_EQ(crossings(1, 23, 0.0, from, from + 400.0, day, 1), ZENITHOR_ERROR_SPAN);
   EXPECT_EQ(crossings(1, 101, 0.0, from, from - 9.0, day, 1), 0);
-  EXPECT_EQ(FindAspects(FullStore(), State(), 1, 1, 101, 0.0, from, from + 9.0, day, nullptr, 1),
+  EXPECT_EQ(FindAspects(Stores(), State(), 1, 1, 101, 0.0, from, from + 9.0, day, nullptr, 1),
             ZENITHOR_ERROR_BODY);
-  EXPECT_EQ(FindAspects(FullStore(), State(), 0, 1, 1, 0.0, from, from + 9.0, day, nullptr, 1),
+  EXPECT_EQ(FindAspects(Stores(), State(), 0, 1, 1, 0.0, from, from + 9.0, day, nullptr, 1),
             ZENITHOR_ERROR_FIELD);
-  EXPECT_EQ(FindStations(FullStore(), State(), 1, 3, from, from + 9.0, day, nullptr, 1),
+  EXPECT_EQ(FindStations(Stores(), State(), 1, 3, from, from + 9.0, day, nullptr, 1),
             ZENITHOR_ERROR_FIELD);
-  EXPECT_EQ(FindStations(FullStore(), State(), 0, 101, from, from + 9.0, day, nullptr, 1), 0);
-  EXPECT_TRUE(std::isnan(NextCrossingAfter(FullStore(), State(), 1, 101, 0.0, ZENITHOR_LAST_DAY)));
+  EXPECT_EQ(FindStations(Stores(), State(), 0, 101, from, from + 9.0, day, nullptr, 1), 0);
+  EXPECT_TRUE(std::isnan(NextCrossingAfter(Stores(), State(), 1, 101, 0.0, ZENITHOR_LAST_DAY)));
 }
 
 // Stations and conjunctions with the Sun in apparent longitude by an independent analytical
