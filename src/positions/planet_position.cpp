@@ -49,9 +49,9 @@ PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, Bo
   return out;
 }
 
-void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
-                           double /*observer_longitude*/, double /*observer_latitude*/,
-                           BodyCode code, MomentCache& cache, BodyPositionRecord& record) {
+Equatorial ComputePlanetPosition(const EphemerisStore& store, double julian_day,
+                                 double /*observer_longitude*/, double /*observer_latitude*/,
+                                 BodyCode code, MomentCache& cache, BodyPositionRecord& record) {
   const double t = JulianCenturies(julian_day);
   const PlanetPlace place = ComputePlanetPlace(store, t, code, PlaceDepth::kApparent, cache);
   if (code != ZENITHOR_SUN) {
@@ -68,6 +68,7 @@ void ComputePlanetPosition(const EphemerisStore& store, double julian_day,
   }
   record.Obliquity = place.epsilon0;
   record.Centuries = t;
+  return place.apparent;
 }
 
 }  // namespace zenithor

@@ -87,8 +87,9 @@ Spherical EclipticPlaceFromJ2000(double julian_day, const Rectangular& vector,
   return EclipticPlace(julian_day, v, Length(vector), obliquity);
 }
 
-void ComputePlutoPosition(double julian_day, double observer_longitude, double observer_latitude,
-                          OrbitsState& state, BodyPositionRecord& record) {
+Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
+                                double observer_latitude, OrbitsState& state,
+                                BodyPositionRecord& record) {
   SetUp(julian_day, observer_longitude, observer_latitude, state);
 
   // Kept on purpose: the heliocentric longitude carries no nutation, where the planets' does; up to
@@ -141,6 +142,7 @@ void ComputePlutoPosition(double julian_day, double observer_longitude, double o
   record.GeoLongitude = geocentric.longitude * kDegreesPerRadian;
   record.GeoLatitude = geocentric.latitude * kDegreesPerRadian;
   record.GeoDistance = geocentric.radius;
+  return {alpha, delta};
 }
 
 }  // namespace zenithor

@@ -3,6 +3,7 @@
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "orbits/state.h"
+#include "positions/place_memory.h"
 #include "zenithor/zenithor.h"
 
 namespace zenithor {
@@ -11,6 +12,7 @@ namespace zenithor {
 struct PositionState {
   OrbitsState orbits;  // Pluto's
   MomentCache moment;  // what the bodies of one moment share
+  PlaceMemory places;  // the latest place of each body, of those who ask field by field
 };
 
 // Where a body stands: the call handed to the driver of its code, with the calendar fields that
@@ -25,5 +27,11 @@ struct PositionState {
 double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
                        double observer_longitude, double observer_latitude, BodyCode code,
                        BodyPositionRecord* record);
+
+// The same, for a record that is there; the apparent direction, unreduced, goes to `apparent`. It
+// is left as it is where nothing is written.
+double ComputePlace(const EphemerisStore& store, PositionState& state, double julian_day,
+                    double observer_longitude, double observer_latitude, BodyCode code,
+                    BodyPositionRecord& record, Equatorial& apparent);
 
 }  // namespace zenithor

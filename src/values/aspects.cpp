@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "values/field_source.h"
+#include "values/fields.h"
 #include "zenithor/values.h"
 
 namespace zenithor {
@@ -27,13 +28,10 @@ void Advance(AspectSide& side) { side.has_next = NextRoot(side.roots, side.next)
 std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, PositionState& state,
                           std::int32_t body, std::int32_t other, std::int32_t field, double angle,
                           double from, double to) {
-  const auto is_body = [](std::int32_t number) {
-    return number >= 0 && number < ZENITHOR_BODY_COUNT;
-  };
-  if (!is_body(body) || !is_body(other) || body == other) {
+  if (!IsBody(body) || !IsBody(other) || body == other) {
     return ZENITHOR_ERROR_BODY;
   }
-  const bool longitude = SmoothPeriod(field) == 360.0;
+  const bool longitude = PeriodOfField(field) == 360.0;
   const FieldBounds* const a = BoundsOf(body, field);
   const FieldBounds* const b = BoundsOf(other, field);
   if (a == nullptr || b == nullptr || (!longitude && field != ZENITHOR_FIELD_DECLINATION)) {
@@ -42,7 +40,7 @@ std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, Position
   if (!std::isfinite(angle)) {
     return ZENITHOR_ERROR_ANGLE;
   }
-  if (!IsSearchableSpan(from, to)) {
+  if (!IsDayOfSpan(from) || !IsDayOfSpan(to)) {
     return ZENITHOR_ERROR_SPAN;
   }
   const double reduced = longitude ? std::remainder(angle, 360.0) : angle;
@@ -81,12 +79,12 @@ std::int32_t FindAspects(const SearchStores& stores, PositionState& state, std::
                          std::int32_t other, std::int32_t field, double angle, double from,
                          double to, double* julian_days, std::int32_t* directions,
                          std::int32_t capacity) {
-  if (const std::int32_t error = ArrayError(julian_days, capacity); error != 0) {
+  if (const std::int32_t error = SpanError(from, to, julian_days, capacity); error != 0) {
     return error;
   }
   AspectWalk walk;
   const std::int32_t error = BeginAspects(walk, stores, state, body, other, field, angle, from, to);
-  return error != 0 ? error : FillMoments(walk, NextAspect, julian_days, directions, capacity);
+  return error != 0 ? error : FillMoments(walk, NextAspect, {julian_days, directions, capacity});
 }
 
 double NextAspectAfter(const SearchStores& stores, PositionState& state, std::int32_t body,

@@ -6,6 +6,7 @@
 #include "numerics/constants.h"
 #include "values/calendar_steps.h"
 #include "values/field_source.h"
+#include "values/fields.h"
 #include "zenithor/values.h"
 
 namespace zenithor {
@@ -46,7 +47,7 @@ double SmoothTarget(std::int32_t field, double target) {
 std::int32_t BeginCrossings(CrossingWalk& walk, const SearchStores& stores, PositionState& state,
                             std::int32_t body, std::int32_t field, double target, double from,
                             double to) {
-  if (body < 0 || body >= ZENITHOR_BODY_COUNT) {
+  if (!IsBody(body)) {
     return ZENITHOR_ERROR_BODY;
   }
   const bool direction = field == ZENITHOR_FIELD_DIRECTION;
@@ -59,7 +60,8 @@ std::int32_t BeginCrossings(CrossingWalk& walk, const SearchStores& stores, Posi
   if (!std::isfinite(target)) {
     return ZENITHOR_ERROR_ANGLE;
   }
-  if (!IsSearchableSpan(from, to) || (IsClockField(field) && to - from > kLongestClockSpan)) {
+  if (!IsDayOfSpan(from) || !IsDayOfSpan(to) ||
+      (IsClockField(field) && to - from > kLongestClockSpan)) {
     return ZENITHOR_ERROR_SPAN;
   }
   walk.way = Way::kNone;
@@ -104,12 +106,12 @@ bool NextCrossing(CrossingWalk& walk, Root& root) {
 std::int32_t FindCrossings(const SearchStores& stores, PositionState& state, std::int32_t body,
                            std::int32_t field, double target, double from, double to,
                            double* julian_days, std::int32_t* directions, std::int32_t capacity) {
-  if (const std::int32_t error = ArrayError(julian_days, capacity); error != 0) {
+  if (const std::int32_t error = SpanError(from, to, julian_days, capacity); error != 0) {
     return error;
   }
   CrossingWalk walk;
   const std::int32_t error = BeginCrossings(walk, stores, state, body, field, target, from, to);
-  return error != 0 ? error : FillMoments(walk, NextCrossing, julian_days, directions, capacity);
+  return error != 0 ? error : FillMoments(walk, NextCrossing, {julian_days, directions, capacity});
 }
 
 double NextCrossingAfter(const SearchStores& stores, PositionState& state, std::int32_t body,

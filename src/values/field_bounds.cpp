@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "zenithor/values.h"
-
 namespace zenithor {
 
 namespace {
@@ -25,19 +23,6 @@ const FieldBounds* BoundsOf(std::int32_t body, std::int32_t field) {
 
 double GreatestRate(const FieldBounds& bounds) {
   return std::fmax(std::fabs(bounds.lowest_rate), std::fabs(bounds.highest_rate));
-}
-
-double SmoothPeriod(std::int32_t field) {
-  switch (field) {
-    case ZENITHOR_FIELD_HELIO_LONGITUDE:
-    case ZENITHOR_FIELD_GEO_LONGITUDE:
-    case ZENITHOR_FIELD_APPARENT_LONGITUDE:
-      return 360.0;
-    case ZENITHOR_FIELD_RIGHT_ASCENSION:
-      return 24.0;
-    default:
-      return 0.0;
-  }
 }
 
 }  // namespace zenithor

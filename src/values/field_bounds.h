@@ -17,8 +17,8 @@ struct FieldBounds {
   double bend;          // [unit/day^2] greatest second derivative met, and half as much again
   double bend_rate;     // [unit/day^3] greatest third derivative, likewise
   double noise;         // [unit] twice the greatest rounding error met
-  // How far the field's value and rate by the GuideStore are off [unit, unit/day], with the same
-  // margin as the bends; 0 when there is no guide.
+  // How far the field's value and rate by the guide (guide_store.h) are off [unit, unit/day], with
+  // the same margin as the bends; 0 when there is no guide.
   double guide_error;
   double guide_rate_error;
 };
@@ -28,8 +28,5 @@ const FieldBounds* BoundsOf(std::int32_t body, std::int32_t field);
 
 // The larger of the two rates in magnitude.
 double GreatestRate(const FieldBounds& bounds);
-
-// What the values of a field count modulo: 360, 24, or 0.
-double SmoothPeriod(std::int32_t field);
 
 }  // namespace zenithor

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "values/fields.h"
 #include "values/smooth_values.h"
-#include "zenithor/values.h"
 
 namespace zenithor {
 
@@ -71,7 +71,7 @@ RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, doub
     problem.guide_error = bounds.guide_error;
   }
   problem.target = target;
-  problem.period = SmoothPeriod(sources.full.field);
+  problem.period = PeriodOfField(sources.full.field);
   problem.bend = bounds.bend;
   problem.noise = bounds.noise;
   const double rate = GreatestRate(bounds);
@@ -81,22 +81,8 @@ RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, doub
   return problem;
 }
 
-bool IsSearchableSpan(double from, double to) {
-  const auto lies_within = [](double day) {
-    return day >= ZENITHOR_FIRST_DAY && day <= ZENITHOR_LAST_DAY;
-  };
-  return lies_within(from) && lies_within(to);
-}
-
 double JustAfter(double day) {
   return std::nextafter(day, std::numeric_limits<double>::infinity());
-}
-
-std::int32_t ArrayError(const double* julian_days, std::int32_t capacity) {
-  if (capacity < 0) {
-    return ZENITHOR_ERROR_COUNT;
-  }
-  return capacity > 0 && julian_days == nullptr ? ZENITHOR_ERROR_ARRAY : 0;
 }
 
 }  // namespace zenithor

@@ -6,6 +6,7 @@
 #include "positions/position.h"
 #include "search/roots.h"
 #include "values/field_bounds.h"
+#include "values/span.h"
 
 namespace zenithor {
 
@@ -52,31 +53,17 @@ FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);
 // a quarter turn.
 RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, double target);
 
-// Whether from and to are days of ZENITHOR_FIRST_DAY to ZENITHOR_LAST_DAY.
-bool IsSearchableSpan(double from, double to);
-
 // The day after which a search for the next moment begins, and where it ends.
 double JustAfter(double day);
 
-// 0, or the error code for arrays and capacity as they are given.
-std::int32_t ArrayError(const double* julian_days, std::int32_t capacity);
-
-// Fills the caller's arrays with what `next(walk, root)` gives and returns how many there are.
+// Adds what `next(walk, root)` gives, with its directions as marks.
 template <class Walk>
-std::int32_t FillMoments(Walk& walk, bool (*next)(Walk&, Root&), double* julian_days,
-                         std::int32_t* directions, std::int32_t capacity) {
-  std::int32_t count = 0;
+std::int32_t FillMoments(Walk& walk, bool (*next)(Walk&, Root&), MomentArray moments) {
   Root root;
   while (next(walk, root)) {
-    if (count < capacity) {
-      julian_days[count] = root.moment;
-      if (directions != nullptr) {
-        directions[count] = root.direction;
-      }
-    }
-    ++count;
+    AddMoment(moments, root.moment, root.direction);
   }
-  return count;
+  return moments.count;
 }
 
 }  // namespace zenithor

@@ -12,6 +12,9 @@ constexpr double kLeastAmplitude = 1e-5;  // [rad] or [au]
 constexpr double kFarthest = 4.0;         // [millennia] from J2000.0
 constexpr std::uint64_t kGuideMark = 0x6775696465ULL;
 
+EphemerisStore process_guide;
+GuideRooms process_rooms;
+
 // Copies the terms that reach the threshold; false when there is no room for them.
 bool TakeTerms(const BodySeries& full, double threshold, SeriesTerm* terms, BodySeries& guide) {
   guide.term_count = 0;
@@ -20,8 +23,7 @@ bool TakeTerms(const BodySeries& full, double threshold, SeriesTerm* terms, Body
   for (std::size_t s = 0; s < kSeriesCount; ++s) {
     const double reach = std::pow(kFarthest, static_cast<double>(s % kPowerCount));
     std::int16_t taken = 0;
-    for (std::int32_t k = 0; k < full.index.series[s].term_count && term != end;
-         ++k, ++term) {
+    for (std::int32_t k = 0; k < full.index.series[s].term_count && term != end; ++k, ++term) {
       if (!(std::fabs(term->amplitude) * reach >= threshold)) {
         continue;
       }
@@ -39,25 +41,29 @@ bool TakeTerms(const BodySeries& full, double threshold, SeriesTerm* terms, Body
 
 }  // namespace
 
-void MakeGuideStore(const EphemerisStore& full, GuideStore& guide) {
+void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& rooms) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    BodySeries& body = guide.store.bodies[slot];
+    BodySeries& body = guide.bodies[slot];
     body = {};
     if (!IsLoaded(full, slot)) {
       continue;
     }
     double threshold = kLeastAmplitude;
-    while (!TakeTerms(full.bodies[slot], threshold, guide.terms[slot], body) &&
+    while (!TakeTerms(full.bodies[slot], threshold, rooms.terms[slot], body) &&
            std::isfinite(threshold)) {
       threshold *= 2.0;
     }
-    if (ArrangedSize(body.index, body.term_count) <= sizeof guide.arranged[slot]) {
+    if (ArrangedSize(body.index, body.term_count) <= sizeof rooms.arranged[slot]) {
       body.tracks =
-          ArrangeTerms(guide.terms[slot], body.term_count, body.index, guide.arranged[slot]);
+          ArrangeTerms(rooms.terms[slot], body.term_count, body.index, rooms.arranged[slot]);
     }
-    body.terms = guide.terms[slot];
+    body.terms = rooms.terms[slot];
     body.fingerprint = full.bodies[slot].fingerprint ^ kGuideMark;
   }
 }
+
+const EphemerisStore& ProcessGuide() { return process_guide; }
+
+void MakeProcessGuide(const EphemerisStore& full) { MakeGuide(full, process_guide, process_rooms); }
 
 }  // namespace zenithor

@@ -13,8 +13,8 @@ namespace zenithor {
 
 constexpr std::int32_t kMostGuideTerms = 192;  // of one body
 
-struct GuideStore {
-  EphemerisStore store;  // refers to the rooms below
+// Where the terms of a guide lie.
+struct GuideRooms {
   SeriesTerm terms[kSlotCount][kMostGuideTerms];
   // Two doubles for each track and an index for each term, a frequency for each term.
   alignas(64) unsigned char arranged[kSlotCount][64 + kMostGuideTerms * 72 + 8 * 200];
@@ -22,7 +22,11 @@ struct GuideStore {
 
 // Takes of each loaded body the terms A cos(B + C t) t^p whose A 4^p, the amplitude at the far end
 // of the searchable days, reaches a threshold: 1e-5 (rad or au), doubled until they fit. The guide
-// must stay where it is; the full store is not referred to.
-void MakeGuideStore(const EphemerisStore& full, GuideStore& guide);
+// refers to the rooms, not to the full store.
+void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& rooms);
+
+// The guide of this process; without bodies before it is made, when the library is loaded.
+const EphemerisStore& ProcessGuide();
+void MakeProcessGuide(const EphemerisStore& full);
 
 }  // namespace zenithor

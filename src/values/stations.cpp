@@ -5,6 +5,7 @@
 
 #include "search/turning_points.h"
 #include "values/field_source.h"
+#include "values/fields.h"
 #include "zenithor/values.h"
 
 namespace zenithor {
@@ -13,8 +14,8 @@ namespace {
 
 // [day] of the difference quotient, by body. For the fast ones it is that in which the full series
 // are compared with the guide: what the guide lacks is so small that two values tell its rate. The
-// others have six values of the full series. The derivatives beyond make a moment wrong by less than
-// 1e-7 day; rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their
+// others have six values of the full series. The derivatives beyond make a moment wrong by less
+// than 1e-7 day; rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their
 // longitude bends by 0.0005 degree/day^2 only.
 constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {0.0625, 0.0625, 0.0625, 0.0625, 0.0625, 0.5,
                                                    0.5,    0.5,    0.5,    0.5,    0.0625};
@@ -55,14 +56,14 @@ struct StationWalk {
 
 std::int32_t BeginStations(StationWalk& walk, const SearchStores& stores, PositionState& state,
                            std::int32_t body, std::int32_t field, double from, double to) {
-  if (body < 0 || body >= ZENITHOR_BODY_COUNT) {
+  if (!IsBody(body)) {
     return ZENITHOR_ERROR_BODY;
   }
   const FieldBounds* const bounds = BoundsOf(body, field);
-  if (bounds == nullptr || (SmoothPeriod(field) != 360.0 && field != ZENITHOR_FIELD_DECLINATION)) {
+  if (bounds == nullptr || (PeriodOfField(field) != 360.0 && field != ZENITHOR_FIELD_DECLINATION)) {
     return ZENITHOR_ERROR_FIELD;
   }
-  if (!IsSearchableSpan(from, to)) {
+  if (!IsDayOfSpan(from) || !IsDayOfSpan(to)) {
     return ZENITHOR_ERROR_SPAN;
   }
   walk.turns = bounds->lowest_rate < 0.0;
@@ -73,7 +74,7 @@ std::int32_t BeginStations(StationWalk& walk, const SearchStores& stores, Positi
   const double spacing = kSpacings[body];
   const bool compared = walk.sources.guided && spacing == kResidualSpacing;
   const TimeFunction none{nullptr, nullptr};
-  const double period = SmoothPeriod(field);
+  const double period = PeriodOfField(field);
   walk.rate = {FunctionOfSource(walk.sources.full),
                compared ? FunctionOfSource(walk.sources.guide) : none, period, spacing};
   RootProblem problem{};
@@ -108,12 +109,12 @@ bool NextStation(StationWalk& walk, Root& turn) {
 std::int32_t FindStations(const SearchStores& stores, PositionState& state, std::int32_t body,
                           std::int32_t field, double from, double to, double* julian_days,
                           std::int32_t* directions, std::int32_t capacity) {
-  if (const std::int32_t error = ArrayError(julian_days, capacity); error != 0) {
+  if (const std::int32_t error = SpanError(from, to, julian_days, capacity); error != 0) {
     return error;
   }
   StationWalk walk;
   const std::int32_t error = BeginStations(walk, stores, state, body, field, from, to);
-  return error != 0 ? error : FillMoments(walk, NextStation, julian_days, directions, capacity);
+  return error != 0 ? error : FillMoments(walk, NextStation, {julian_days, directions, capacity});
 }
 
 double NextStationAfter(const SearchStores& stores, PositionState& state, std::int32_t body,

@@ -202,10 +202,11 @@ int main(int argc, char** argv) {
       "// By tests/scan/field_bounds_scan. Body, field, lowest and highest rate met [unit/day];\n"
       "// second and third derivative [unit/day^2, unit/day^3] and noise [unit], with margins;\n"
       "// how far the guide is off [unit, unit/day].\n");
-  static zenithor::GuideStore guide;
-  zenithor::MakeGuideStore(zenithor::testing::FullStore(), guide);
+  static zenithor::EphemerisStore guide;
+  static zenithor::GuideRooms rooms;
+  zenithor::MakeGuide(zenithor::testing::FullStore(), guide, rooms);
   for (int body = 0; body < ZENITHOR_BODY_COUNT; ++body) {
-    zenithor::ScanBody(body, windows, seed, guide.store);
+    zenithor::ScanBody(body, windows, seed, guide);
   }
   return 0;
 }

@@ -17,6 +17,7 @@
 #include "values/aspects.h"
 #include "values/crossings.h"
 #include "values/field_bounds.h"
+#include "values/fields.h"
 #include "values/guide_store.h"
 #include "values/smooth_values.h"
 #include "values/stations.h"
@@ -35,10 +36,11 @@ struct Moment {
 };
 
 const SearchStores& Stores() {
-  static GuideStore guide;
+  static EphemerisStore guide;
+  static GuideRooms rooms;
   static const SearchStores stores = [] {
-    MakeGuideStore(FullStore(), guide);
-    return SearchStores{&FullStore(), &guide.store};
+    MakeGuide(FullStore(), guide, rooms);
+    return SearchStores{&FullStore(), &guide};
   }();
   return stores;
 }
@@ -178,7 +180,7 @@ TEST(FieldBounds, HoldAtRandomMoments) {
         const double h = i % 2 == 0 ? 1.0 : 0.01;
         const double f[] = {Value(body, field, day - h), Value(body, field, day),
                             Value(body, field, day + h)};
-        const double period = SmoothPeriod(field);
+        const double period = PeriodOfField(field);
         const double before = period > 0.0 ? std::remainder(f[1] - f[0], period) : f[1] - f[0];
         const double after = period > 0.0 ? std::remainder(f[2] - f[1], period) : f[2] - f[1];
         EXPECT_LE(std::fabs(after - before), bounds->bend * h * h + 4.0 * bounds->noise)
@@ -404,8 +406,8 @@ TEST(Searches, CountBeyondTheCapacityAndWriteNoFurther) {
   double days[4] = {-1.0, -1.0, -1.0, -1.0};
   std::int32_t directions[4] = {7, 7, 7, 7};
   const auto stations = [&](double* array, std::int32_t capacity) {
-    return FindStations(Stores(), State(), 1, 101, kJ2000Day, kJ2000Day + 365.0, array,
-                        directions, capacity);
+    return FindStations(Stores(), State(), 1, 101, kJ2000Day, kJ2000Day + 365.0, array, directions,
+                        capacity);
   };
   EXPECT_EQ(stations(nullptr, 0), 6);
   EXPECT_EQ(stations(days, 2), 6);
