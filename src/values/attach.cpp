@@ -11,6 +11,7 @@
 #include "host/boundary.h"
 #include "host/process_store.h"
 #include "values/data.h"
+#include "values/guide_store.h"
 
 #if defined(_WIN32)
 
@@ -19,6 +20,7 @@ extern "C" ZENITHOR_ENTRY BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason
   if (reason == DLL_PROCESS_ATTACH) {
     const zenithor::HostBoundary boundary;
     zenithor::LoadLinkedData(zenithor::ProcessStore());
+    zenithor::MakeProcessGuide(zenithor::ProcessStore());
   }
   return TRUE;
 }
@@ -30,6 +32,7 @@ namespace {
 __attribute__((constructor)) void ArrangeLinkedData() {
   const zenithor::HostBoundary boundary;
   zenithor::LoadLinkedData(zenithor::ProcessStore());
+  zenithor::MakeProcessGuide(zenithor::ProcessStore());
 }
 
 }  // namespace
