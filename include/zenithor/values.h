@@ -180,8 +180,7 @@ int32_t ZENITHOR_VALUES_CALL ZenithorTable(const int32_t* bodies, int32_t bodyCo
                                            double* values, int32_t dayStride, int32_t bodyStride,
                                            int32_t fieldStride);
 
-/* ---- Spans -----------------------------------------------------------------------------------
- */
+/* ---- Searches -------------------------------------------------------------------------------- */
 
 /* The days between which events and searches are answered: year -2000 January 1 to year 4000
  * January 1, 0h. */
@@ -197,6 +196,64 @@ int32_t ZENITHOR_VALUES_CALL ZenithorTable(const int32_t* bodies, int32_t bodyCo
  * found. So a long search can be taken up again: with a span that begins 1e-6 day after the last
  * moment that the array took (two contacts closer together than the values can tell, some seconds,
  * are one). */
+
+/* The moments at which a field takes a value: ingresses (field 101, target 0, 30, 60, ...), nodes
+ * (field 2 or 102, target 0), equator crossings (field 8, target 0), any value of any field.
+ *   body, field  as ZenithorValue; not fields 11 to 14
+ *   target       [unit of the field] longitudes count modulo 360, right ascension modulo 24
+ * Contacts that only just happen are found: a field that turns exactly at the target, as far as the
+ * rounding of its values (1e-10 degree) can tell, gives one moment. Moments are good to 1e-6 day of
+ * the library's own values, where the field changes by more than 1e-4 of its unit per day. A field
+ * that steps (106 and the calendar's 18 to 23) takes a value at the first moment that has it; of
+ * the calendar a span of at most 366 days is searched for hours, minutes and seconds
+ * (ZENITHOR_ERROR_SPAN). The wrap from 360 to 0 is no crossing of 180. */
+int32_t ZENITHOR_VALUES_CALL ZenithorCrossings(int32_t body, int32_t field, double target,
+                                               double from, double to, double* julianDays,
+                                               int32_t capacity);
+
+/* The moments at which a longitude or a declination turns: planetary stations (field 101 as
+ * almanacs have them, field 4 for the record's), standstills of declination.
+ *   field  1, 4, 101, 8; a longitude that never turns (the Sun's, the Moon's) has none
+ * Good to 1e-6 day of where the rate of the library's own values changes sign; Uranus, Neptune and
+ * Pluto to 1e-5 day. */
+int32_t ZENITHOR_VALUES_CALL ZenithorStations(int32_t body, int32_t field, double from, double to,
+                                              double* julianDays, int32_t capacity);
+
+/* The moments at which two bodies stand at an angle: field(body) - field(otherBody) is `angle` or
+ * -`angle`, longitudes modulo 360.
+ *   field  1 (heliocentric), 4 or 101 (geocentric longitude); 8 (declination)
+ *   angle  [deg] 0 conjunction, 90 square, 120 trine, 180 opposition, ...; for declinations 0 is
+ * the parallel, another angle a difference of declinations Contacts that only just happen, before a
+ * station, are found. Good as crossings are. */
+int32_t ZENITHOR_VALUES_CALL ZenithorAspects(int32_t body, int32_t otherBody, int32_t field,
+                                             double angle, double from, double to,
+                                             double* julianDays, int32_t capacity);
+
+/* The same three, saying for each moment what happens there. `directions` takes as many as
+ * julianDays does, and may be null.
+ *   crossings  1 the value rises through the target, -1 it falls, 0 it touches it
+ *   stations   1 the value begins to rise (a planet turns direct), -1 it begins to fall (turns
+ *              retrograde)
+ *   aspects    1 where field(body) - field(otherBody) is `angle`, -1 where it is -`angle`; 1 where
+ *              the two are the same, as for 0 and 180 */
+int32_t ZENITHOR_VALUES_CALL ZenithorDirectedCrossings(int32_t body, int32_t field, double target,
+                                                       double from, double to, double* julianDays,
+                                                       int32_t* directions, int32_t capacity);
+int32_t ZENITHOR_VALUES_CALL ZenithorDirectedStations(int32_t body, int32_t field, double from,
+                                                      double to, double* julianDays,
+                                                      int32_t* directions, int32_t capacity);
+int32_t ZENITHOR_VALUES_CALL ZenithorDirectedAspects(int32_t body, int32_t otherBody, int32_t field,
+                                                     double angle, double from, double to,
+                                                     double* julianDays, int32_t* directions,
+                                                     int32_t capacity);
+
+/* The first of these moments after a day (not at it); NaN when there is none before
+ * ZENITHOR_LAST_DAY, or where the functions above would answer with an error. */
+double ZENITHOR_VALUES_CALL ZenithorNextCrossing(int32_t body, int32_t field, double target,
+                                                 double after);
+double ZENITHOR_VALUES_CALL ZenithorNextStation(int32_t body, int32_t field, double after);
+double ZENITHOR_VALUES_CALL ZenithorNextAspect(int32_t body, int32_t otherBody, int32_t field,
+                                               double angle, double after);
 
 /* ---- Seasons, phases, eclipses --------------------------------------------------------------- */
 
@@ -348,6 +405,20 @@ typedef struct ZenithorValuesLibrary {
   int32_t(ZENITHOR_VALUES_CALL* Values)(int32_t, int32_t, const double*, int32_t, double*);
   int32_t(ZENITHOR_VALUES_CALL* Table)(const int32_t*, int32_t, const int32_t*, int32_t,
                                        const double*, int32_t, double*, int32_t, int32_t, int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* Crossings)(int32_t, int32_t, double, double, double, double*,
+                                           int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* Stations)(int32_t, int32_t, double, double, double*, int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* Aspects)(int32_t, int32_t, int32_t, double, double, double, double*,
+                                         int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* DirectedCrossings)(int32_t, int32_t, double, double, double,
+                                                   double*, int32_t*, int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* DirectedStations)(int32_t, int32_t, double, double, double*,
+                                                  int32_t*, int32_t);
+  int32_t(ZENITHOR_VALUES_CALL* DirectedAspects)(int32_t, int32_t, int32_t, double, double, double,
+                                                 double*, int32_t*, int32_t);
+  double(ZENITHOR_VALUES_CALL* NextCrossing)(int32_t, int32_t, double, double);
+  double(ZENITHOR_VALUES_CALL* NextStation)(int32_t, int32_t, double);
+  double(ZENITHOR_VALUES_CALL* NextAspect)(int32_t, int32_t, int32_t, double, double);
   int32_t(ZENITHOR_VALUES_CALL* Events)(int32_t, double, double, double*, int32_t);
   int32_t(ZENITHOR_VALUES_CALL* EventsOfKinds)(int32_t, double, double, double*, int32_t*, int32_t);
   double(ZENITHOR_VALUES_CALL* NextEvent)(int32_t, double);
@@ -443,6 +514,15 @@ ZENITHOR_VALUES_INLINE int ZenithorValuesOpen(ZenithorValuesLibrary* library,
   ZENITHOR_VALUES_FIND(Value);
   ZENITHOR_VALUES_FIND(Values);
   ZENITHOR_VALUES_FIND(Table);
+  ZENITHOR_VALUES_FIND(Crossings);
+  ZENITHOR_VALUES_FIND(Stations);
+  ZENITHOR_VALUES_FIND(Aspects);
+  ZENITHOR_VALUES_FIND(DirectedCrossings);
+  ZENITHOR_VALUES_FIND(DirectedStations);
+  ZENITHOR_VALUES_FIND(DirectedAspects);
+  ZENITHOR_VALUES_FIND(NextCrossing);
+  ZENITHOR_VALUES_FIND(NextStation);
+  ZENITHOR_VALUES_FIND(NextAspect);
   ZENITHOR_VALUES_FIND(Events);
   ZENITHOR_VALUES_FIND(EventsOfKinds);
   ZENITHOR_VALUES_FIND(NextEvent);

@@ -10,7 +10,7 @@
 #define ZENITHOR_VALUES_LOADER
 #include "zenithor/values.h"
 
-enum { kValueFunctions = 25, kArrayLength = 8, kHostsByte = 0xA5 };
+enum { kValueFunctions = 34, kArrayLength = 8, kHostsByte = 0xA5 };
 
 typedef struct ValueArguments {
   double doubles[kArrayLength]; /* single arguments, or the moments of an array */
@@ -129,6 +129,35 @@ static inline void CallValueInto(int function, const ValueArguments* a, ValueAns
     case 23:
       answer->text = values.KindName(i[0]);
       break;
+    case 24:
+      answer->integer = values.Crossings(i[0], i[1], d[2], d[0], d[1], first, a->length);
+      break;
+    case 25:
+      answer->integer = values.Stations(i[0], i[1], d[0], d[1], first, a->length);
+      break;
+    case 26:
+      answer->integer = values.Aspects(i[0], i[2], i[1], d[2], d[0], d[1], first, a->length);
+      break;
+    case 27:
+      answer->integer =
+          values.DirectedCrossings(i[0], i[1], d[2], d[0], d[1], first, second, a->length);
+      break;
+    case 28:
+      answer->integer = values.DirectedStations(i[0], i[1], d[0], d[1], first, second, a->length);
+      break;
+    case 29:
+      answer->integer =
+          values.DirectedAspects(i[0], i[2], i[1], d[2], d[0], d[1], first, second, a->length);
+      break;
+    case 30:
+      answer->number = values.NextCrossing(i[0], i[1], d[2], d[0]);
+      break;
+    case 31:
+      answer->number = values.NextStation(i[0], i[1], d[0]);
+      break;
+    case 32:
+      answer->number = values.NextAspect(i[0], i[2], i[1], d[2], d[0]);
+      break;
     default:
       answer->text = values.Message(i[0]);
       break;
@@ -144,16 +173,25 @@ static inline void CallValue(int function, const ValueArguments* arguments, Valu
 static inline void MayWrite(int function, const ValueArguments* a, int* doubles, int* integers) {
   const int length = a->length < 0 ? 0 : a->length;
   const int one = length < 2 ? length : 2;
-  *doubles = function == 1 || function == 3 || function == 4 ? length
-             : function == 2                                 ? one * one * one
-             : function == 7                                 ? 3
-             : function == 14                                ? 1
-                                                             : 0;
-  *integers = function == 4    ? length
-              : function == 6  ? 1
-              : function == 7  ? 3
-              : function == 14 ? 5
-                               : 0;
+  const int filled = (function >= 24 && function <= 29) || function == 3 || function == 4;
+  *doubles = 0;
+  *integers = 0;
+  if (filled || function == 1) {
+    *doubles = length;
+  } else if (function == 2) {
+    *doubles = one * one * one;
+  } else if (function == 7) {
+    *doubles = 3;
+    *integers = 3;
+  } else if (function == 14) {
+    *doubles = 1;
+    *integers = 5;
+  } else if (function == 6) {
+    *integers = 1;
+  }
+  if (function == 4 || (function >= 27 && function <= 29)) {
+    *integers = length;
+  }
 }
 
 static inline int BytesOutside(int function, const ValueArguments* a, const ValueAnswer* answer) {
@@ -195,6 +233,12 @@ static inline ValueArguments OrdinaryValueArguments(int function, uint64_t seed)
   a.integers[5] = 0;
   a.length = kArrayLength;
   a.nulls = 0;
+  if (function >= 24 && function <= 32) {
+    static const int32_t kFields[] = {101, 101, 4, 1, 8};
+    a.integers[1] = kFields[NextRandom(&state) % 5u];
+    a.doubles[1] = a.doubles[0] + RandomBetween(&state, 0.0, 700.0);
+    a.doubles[2] = RandomBetween(&state, 0.0, 360.0);
+  }
   switch (function) {
     case 2:
       a.integers[1] = (int32_t)(NextRandom(&state) % 11u);
@@ -234,7 +278,7 @@ static inline ValueArguments OrdinaryValueArguments(int function, uint64_t seed)
     case 21:
       a.integers[0] = a.integers[1];
       break;
-    case 24:
+    case 33:
       a.integers[0] = -(int32_t)(NextRandom(&state) % 10u);
       break;
     default:
