@@ -105,11 +105,18 @@ struct SelectedExport {
 
 constexpr int kSelectors = 4;  // each export of a family has one of its own, in the order of blocks
 
+bool Belongs(int block, Family family) {
+  return (block < ZENITHOR_BLOCK_NEW_MOON) == (family == Family::kSeasons);
+}
+
 std::vector<SelectedExport> ExportsOf(const ZenithorLibrary& library, Family family) {
   std::vector<SelectedExport> exports;
-#define EXPORT_SELECTED_EVENT(name, block)                                              \
-  if ((block < ZENITHOR_BLOCK_NEW_MOON) == (family == Family::kSeasons)) {              \
-    exports.push_back({#name, Exported(library.name, #name), static_cast<int>(block)}); \
+  const auto add = [&exports](const char* name, ZenithorSeasonOrPhase call, int block) {
+    exports.push_back({name, call, block});
+  };
+#define EXPORT_SELECTED_EVENT(name, block)            \
+  if (Belongs(block, family)) {                       \
+    add(#name, Exported(library.name, #name), block); \
   }
 #include "entry/export_list.inc"
   return exports;

@@ -21,7 +21,7 @@ std::string Plain(std::string word) { return CLI::detail::to_lower(CLI::detail::
 }  // namespace
 
 double NumberOf(const std::string& option, const std::string& word, double least, double greatest) {
-  // Characters first: strtod also takes hexadecimal numbers, infinities and not-a-number.
+  // Characters first: strtod also takes hexadecimal numbers, infinities and NaN.
   const bool decimal = word.find_first_not_of("0123456789+-.eE") == std::string::npos;
   char* end = nullptr;
   const double value = std::strtod(word.c_str(), &end);

@@ -14,7 +14,7 @@ namespace zenithor::almanac {
 // What is written behind an option, read strictly. Each throws Failure, naming the option, the word
 // and what may stand there instead.
 
-// A decimal number from `least` to `greatest`; not-a-number and infinities are none.
+// A decimal number from `least` to `greatest`; NaN and infinities are none.
 double NumberOf(const std::string& option, const std::string& word, double least, double greatest);
 
 // A whole number in decimal, leading zeros or not.

@@ -90,6 +90,7 @@ void AppendTextTable(const Table& table, std::string& text) {
   }
   for (const auto& row : table.rows) {
     std::vector<std::string> words;
+    words.reserve(row.size());
     for (std::size_t k = 0; k < row.size(); ++k) {
       words.push_back(CellText(row[k], table.columns[k], kNothing));
     }

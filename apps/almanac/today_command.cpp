@@ -17,10 +17,12 @@ namespace {
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
 
+using Field = double BodyPositionRecord::*;
+
 // A column and the field of the record that it shows.
 struct FieldColumn {
   Column column;
-  double BodyPositionRecord::*field;
+  Field field;
   double factor = 1.0;
   enum { kEveryBody, kPlanetsOnly, kMoonOnly } shown_for = kEveryBody;
 };
@@ -77,11 +79,11 @@ Columns AllColumns() {
   return columns;
 }
 
-// A record in which a field that is still not-a-number was not written.
+// A record in which a field that is still NaN was not written.
 BodyPositionRecord EmptyRecord() {
   constexpr double kUnwritten = std::numeric_limits<double>::quiet_NaN();
   BodyPositionRecord record{};
-  for (double BodyPositionRecord::*field :
+  for (const Field field :
        {&BodyPositionRecord::HelioLongitude, &BodyPositionRecord::HelioLatitude,
         &BodyPositionRecord::HelioDistance, &BodyPositionRecord::GeoLongitude,
         &BodyPositionRecord::GeoLatitude, &BodyPositionRecord::GeoDistance,

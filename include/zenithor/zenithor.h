@@ -13,8 +13,8 @@
  *     not filled by this call.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
  *   - The caller's processor state does not matter. x87 control word, MXCSR, direction flag and
- * errno come back as they were; the x87 register stack comes back empty (but for the result) and no
- * x87 exception flag is set.
+ *     errno come back as they were; the x87 register stack comes back empty (but for the result)
+ *     and no x87 exception flag is set.
  */
 #ifndef ZENITHOR_ZENITHOR_H
 #define ZENITHOR_ZENITHOR_H

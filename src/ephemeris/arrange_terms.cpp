@@ -59,8 +59,8 @@ std::size_t MostFrequencies(std::int32_t term_count) {
 }
 
 constexpr std::size_t kAlignment = 64;
-constexpr std::size_t kPairsSize = kTrackCount * 2 * sizeof(double);
-constexpr std::size_t kPlacesSize = kTrackCount * sizeof(std::uint16_t);
+constexpr std::size_t kProductsSize = kTrackCount * 2 * sizeof(double);
+constexpr std::size_t kIndicesSize = kTrackCount * sizeof(std::uint16_t);
 
 bool IsOrdinary(const SeriesTerm& term) {
   return std::isfinite(term.amplitude) && std::fabs(term.phase) <= kLargestKernelAngle &&
@@ -109,8 +109,8 @@ class FrequencyNumbers {
   std::int16_t slots_[kSlots];
 };
 
-// The pairs (A cos B, -A sin B) of one series, kTrackCount pairs apart.
-void WritePairs(const SeriesTerm* terms, std::int32_t count, double* pairs) {
+// The products A cos B and -A sin B of one series, kTrackCount pairs of them apart.
+void WriteProducts(const SeriesTerm* terms, std::int32_t count, double* products) {
   constexpr int kBatch = 64;
   double phases[kBatch];
   double cosine_sine[2 * kBatch];
@@ -122,9 +122,9 @@ void WritePairs(const SeriesTerm* terms, std::int32_t count, double* pairs) {
     CosinesAndSines(phases, here, cosine_sine);
     for (int k = 0; k < here; ++k) {
       const double amplitude = terms[done + k].amplitude;
-      pairs[0] = amplitude * cosine_sine[2 * k];
-      pairs[1] = -amplitude * cosine_sine[2 * k + 1];
-      pairs += 2 * kTrackCount;
+      products[0] = amplitude * cosine_sine[2 * k];
+      products[1] = -amplitude * cosine_sine[2 * k + 1];
+      products += 2 * kTrackCount;
     }
   }
 }
@@ -133,7 +133,7 @@ void WritePairs(const SeriesTerm* terms, std::int32_t count, double* pairs) {
 
 std::size_t ArrangedSize(const BodyIndexRecord& record, std::int32_t term_count) {
   const auto steps = static_cast<std::size_t>(DealSeries(record, term_count).step_count);
-  return kAlignment + steps * (kPairsSize + kPlacesSize) +
+  return kAlignment + steps * (kProductsSize + kIndicesSize) +
          MostFrequencies(term_count) * sizeof(double);
 }
 
@@ -144,8 +144,8 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
 
   const std::size_t off = reinterpret_cast<std::uintptr_t>(room) % kAlignment;
   const std::size_t skipped = off == 0 ? 0 : kAlignment - off;
-  void* const start = static_cast<char*>(room) + skipped;
-  auto* const products = static_cast<double*>(start);
+  void* const aligned = static_cast<char*>(room) + skipped;
+  auto* const products = static_cast<double*>(aligned);
   auto* const frequencies = products + steps * kTrackCount * 2;
   auto* const indices = reinterpret_cast<std::uint16_t*>(frequencies + MostFrequencies(term_count));
   // Where a track is shorter than the longest its sum goes on with zeros, which nobody reads.
@@ -158,7 +158,7 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
     if (series.term_count == 0) {
       continue;
     }
-    const std::size_t place = static_cast<std::size_t>(series.first_step) * kTrackCount +
+    const std::size_t start = static_cast<std::size_t>(series.first_step) * kTrackCount +
                               static_cast<std::size_t>(series.track);
     for (std::int32_t k = 0; k < series.term_count; ++k) {
       const SeriesTerm& term = terms[series.first_term + k];
@@ -166,11 +166,11 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
       if (number < 0) {
         return {};
       }
-      indices[place + static_cast<std::size_t>(k) * kTrackCount] =
+      indices[start + static_cast<std::size_t>(k) * kTrackCount] =
           static_cast<std::uint16_t>(2 * number);
       tracks.largest_frequency = std::max(tracks.largest_frequency, std::fabs(term.frequency));
     }
-    WritePairs(terms + series.first_term, series.term_count, products + 2 * place);
+    WriteProducts(terms + series.first_term, series.term_count, products + 2 * start);
     tracks.ends[tracks.end_count] = {series.first_step + series.term_count,
                                      static_cast<std::int16_t>(kLaneOfTrack[series.track]),
                                      static_cast<std::int16_t>(s)};

@@ -14,7 +14,7 @@ void SumTracksSse2(const TermTracks& tracks, double millennia, double* sums) {
 }
 
 bool CanSumTracks(const TermTracks& tracks, double millennia) {
-  // False for a time that is not a number.
+  // False for NaN.
   return tracks.frequency_count > 0 &&
          std::fabs(millennia) * tracks.largest_frequency <= kLargestKernelAngle;
 }

@@ -15,7 +15,7 @@ namespace zenithor {
 std::size_t ArrangedSize(const BodyIndexRecord& record, std::int32_t term_count);
 
 // Arranges a body's terms in `room`, ArrangedSize bytes of any alignment. Terms that are not
-// ordinary numbers (a phase beyond 2^24, anything infinite or not a number) and more than
+// ordinary numbers (a phase beyond 2^24, anything infinite or NaN) and more than
 // kMostFrequencies frequencies give tracks without frequencies: such a body is walked plainly.
 TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
                         const BodyIndexRecord& record, void* room);
@@ -24,8 +24,8 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
 // is beyond the range of the kernel (for the full series that is 40 000 years either way).
 bool CanSumTracks(const TermTracks& tracks, double millennia);
 
-// The sums of A cos(B + C t) of the series L0..L5, B0..B5, R0..R5, each one running sum in the
-// stored order.
+// The sums of A cos(B + C t) of the series L0..L5, B0..B5 [rad] and R0..R5 [au], each one running
+// sum in the stored order, at a time that CanSumTracks allows.
 void SumTracks(const TermTracks& tracks, double millennia, double (&sums)[kSeriesCount]);
 
 }  // namespace zenithor

@@ -55,13 +55,13 @@ std::FILE* OpenForReading(const char* name) {
 #else
 
 bool FileExists(const char* name) {
-  struct stat status {};
+  struct stat status = {};
   return stat(name, &status) == 0;
 }
 
 std::FILE* OpenForReading(const char* name) {
   // A directory opens for reading here, but cannot be read; a pipe waits until somebody writes.
-  struct stat status {};
+  struct stat status = {};
   if (stat(name, &status) != 0 || !S_ISREG(status.st_mode)) {
     return nullptr;
   }

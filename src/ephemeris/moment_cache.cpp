@@ -11,19 +11,19 @@ Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries,
   if (fingerprint == 0) {
     return EvaluateSeries(store, slot, centuries);
   }
-  for (const MomentCache::Observer& kept : cache.observers) {
+  for (const MomentCache::KeptPlace& kept : cache.places) {
     if (kept.centuries == centuries && kept.fingerprint == fingerprint) {
       return kept.place;
     }
   }
   const Spherical place = EvaluateSeries(store, slot, centuries);
-  cache.observers[cache.oldest_observer] = {centuries, fingerprint, place};
-  cache.oldest_observer = (cache.oldest_observer + 1) % MomentCache::kObserverCount;
+  cache.places[cache.oldest_place] = {centuries, fingerprint, place};
+  cache.oldest_place = (cache.oldest_place + 1) % MomentCache::kPlaceCount;
   return place;
 }
 
-Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
-                                MomentCache& cache) {
+Spherical CachedSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                              MomentCache& cache) {
   return SunSeenFrom(CachedSeries(store, slot, centuries, cache));
 }
 

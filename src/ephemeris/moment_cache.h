@@ -12,21 +12,21 @@ namespace zenithor {
 // What the bodies of one moment have in common, kept from call to call: a host that asks for ten
 // bodies of one day pays for the Earth and the nutation once. One record per thread, handed on by
 // reference. Each part is keyed by everything it depends on: the moment, and for the Earth the
-// terms it is summed from, by their fingerprint. A moment that is not a number is never kept.
+// terms it is summed from, by their fingerprint. A moment that is NaN is never kept.
 struct MomentCache {
   static constexpr double kNever = std::numeric_limits<double>::quiet_NaN();
   // Rising and setting look from the Earth at three moments, and at a fourth for slow bodies.
-  static constexpr unsigned kObserverCount = 4;
+  static constexpr unsigned kPlaceCount = 4;
 
-  struct Observer {
-    double centuries = kNever;
-    std::uint64_t fingerprint = 0;
-    Spherical place{0.0, 0.0, 0.0};
+  struct KeptPlace {
+    double centuries = kNever;       // T
+    std::uint64_t fingerprint = 0;   // of the terms
+    Spherical place{0.0, 0.0, 0.0};  // [rad, au]
   };
 
-  Observer observers[kObserverCount] = {};  // the latest ones
-  unsigned oldest_observer = 0;
-  double nutation_centuries = kNever;
+  KeptPlace places[kPlaceCount] = {};  // the latest ones
+  unsigned oldest_place = 0;           // index of the one to be replaced next
+  double nutation_centuries = kNever;  // T
   NutationAngles nutation{0.0, 0.0};
 };
 
@@ -34,8 +34,8 @@ struct MomentCache {
 Spherical CachedSeries(const EphemerisStore& store, int slot, double centuries, MomentCache& cache);
 
 // EvaluateSunGeocentric(store, slot, centuries), by way of CachedSeries.
-Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries,
-                                MomentCache& cache);
+Spherical CachedSunGeocentric(const EphemerisStore& store, int slot, double centuries,
+                              MomentCache& cache);
 
 // Nutation(centuries), from the cache where it holds that.
 NutationAngles CachedNutation(double centuries, MomentCache& cache);

@@ -103,9 +103,7 @@ Rectangular EclipticRectangular(const EphemerisStore& store, int slot, double ce
                                 double epsilon) {
   const Rectangular r = SphericalToRectangular(EvaluateSunGeocentric(store, slot, centuries));
   if (slot != kEarthJ2000Slot) {
-    const double cos_epsilon = std::cos(epsilon);
-    const double sin_epsilon = std::sin(epsilon);
-    return {r.x, r.y * cos_epsilon - r.z * sin_epsilon, r.y * sin_epsilon + r.z * cos_epsilon};
+    return TurnBackAboutFirstAxis(r, std::cos(epsilon), std::sin(epsilon));
   }
   // Meeus, formula 26.3.
   return {r.x + 4.4036e-7 * r.y - 1.90919e-7 * r.z,

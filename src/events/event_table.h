@@ -19,9 +19,9 @@ constexpr std::int32_t kAnyKind = -1;
 // that a season or phase export was given, or the kind of the eclipse that was found.
 //
 // Kept on purpose: a season or phase export reads its own block back whatever selector it was
-// given, so any selector but its own gives 0.0 while the selected event stands in its own block;
-// and a kind export does not look beyond the first eclipse of its family, so it gives 0.0 when that
-// one is of another kind.
+// given, so any selector but its own gives 0.0 while the selected event stands in its own block.
+// Kept on purpose: an export of one kind does not look beyond the first eclipse of its family, so
+// it gives 0.0 when that one is of another kind.
 struct BlockContents {
   EventFamily family;
   std::int32_t kind;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "moon/lunar_arguments.h"
 #include "numerics/angles.h"
 #include "numerics/constants.h"
 
@@ -97,7 +98,7 @@ double PhaseInstant(double julian_day, std::int32_t phase) {
   const double mprime = MeanAngle(kMoonAnomalyRow, k, centuries);
   const double f = MeanAngle(kLatitudeArgumentRow, k, centuries);
   const double omega = MeanAngle(kNodeRow, k, centuries);
-  const double e = 1.0 - (0.0000074 * centuries + 0.002516) * centuries;
+  const double e = EccentricityFactor(centuries);
   const double power_of_e[] = {1.0, e, e * e};
 
   jde -= 0.00017 * std::sin(omega);

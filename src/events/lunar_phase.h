@@ -14,8 +14,8 @@ constexpr std::int32_t kLastQuarter = 3;
 constexpr double kMeanNewMoonOf2000 = 2451550.09765;             // Julian Ephemeris Day
 constexpr double kCenturiesPerLunation = 0.0008085054776246109;  // 1 / 1236.85
 
-// Whether the next lunation after k can be told from k. Not so for infinities, not-a-number, and
-// numbers so large that adding 1 changes nothing (some from 2^53 on, all from 2^54 on).
+// Whether the next lunation after k can be told from k. Not so for infinities, NaN, and numbers
+// so large that adding 1 changes nothing (some from 2^53 on, all from 2^54 on).
 inline bool CanCountFrom(double k) { return k + 1.0 > k; }
 
 // Julian Ephemeris Day of the mean phase of lunation k; T = k kCenturiesPerLunation.

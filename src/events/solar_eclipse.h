@@ -15,8 +15,9 @@ struct SolarEclipse {
 // |gamma| [Earth radii], |gamma| being small enough for one.
 std::int32_t ClassifySolarEclipse(double u, double abs_gamma);
 
-// The first solar eclipse at a mean new moon more than 0.03 lunation after a Julian day. Gives up
-// at once when lunations cannot be counted from there, and after kLongestSearch lunations.
+// The first solar eclipse at a mean new moon more than 0.03 lunation after a Julian day [day].
+// Gives up at once when lunations cannot be counted from there, and after kLongestSearch lunations.
+// Accuracy: eclipse_core.h.
 // Source: Meeus, Astronomical Algorithms, chapter 54.
 SolarEclipse FindSolarEclipse(double julian_day);
 

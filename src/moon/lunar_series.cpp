@@ -3,32 +3,31 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
-#include <utility>
 
 #include "moon/lunar_arguments.h"
-#include "numerics/angles.h"
 #include "numerics/constants.h"
-#include "numerics/polynomials.h"
-#include "numerics/row_sums.h"
-#include "numerics/sincos.h"
+#include "numerics/trigonometric_series.h"
+#include "numerics/turns.h"
+#include "time/mean_angle.h"
 
 namespace zenithor {
 
 namespace {
 
 // The Moon's mean longitude [deg], rising powers of T.
+// Kept on purpose: the quartic coefficient is positive where the theory has it negative; 0.07" at
+// T = +-5, 18" at +-20.
 // Kept on purpose: the theory's first version, like the other arguments; the Moon's place is 0.06"
-// from the second version's about J2000.0, 29" five centuries away. And the quartic coefficient is
-// positive where the theory has it negative; 0.07" at T = +-5, 18" at +-20.
+// from the second version's about J2000.0, 29" five centuries away.
 constexpr double kMeanLongitude[] = {218.3164591, 481267.88134236, -0.0013268, 1.855835e-06,
                                      1.53388e-08};
 constexpr double kMeanDistanceKm = 385000.56;
 
-// One term: multipliers of D, M, M' and F, the coefficient, and the power of E it is multiplied by.
+// One term of a series.
 struct LunarTerm {
-  int d, m, mprime, f;
+  int multipliers[4];  // of D, M, M' and F
   double coefficient;
-  int e_power;
+  int e_power;  // the power of E that it is multiplied by
 };
 
 constexpr LunarTerm kLongitudeTerms[] = {
@@ -57,7 +56,8 @@ constexpr std::size_t CountWithPower(const LunarTerm (&terms)[N], int e_power) {
 template <std::size_t N>
 constexpr bool PowersFollowTheSunsAnomaly(const LunarTerm (&terms)[N]) {
   for (const LunarTerm& term : terms) {
-    if (term.m != term.e_power && term.m != -term.e_power) {
+    const int of_m = term.multipliers[1];
+    if (of_m != term.e_power && of_m != -term.e_power) {
       return false;
     }
   }
@@ -94,87 +94,45 @@ static_assert(PowersFollowTheSunsAnomaly(kLongitudeTerms) &&
                   PowersFollowTheSunsAnomaly(kDistanceTerms),
               "E goes with the first multiple of M, its square with the second");
 
-// The tables are read by the compiler alone: each term becomes a line of its own with its
-// multipliers and its coefficient as constants, and what is multiplied by 0 is left out.
-template <const auto& terms, std::size_t row>
-double Argument(const LunarSeriesState& state) {
-  constexpr LunarTerm term = terms[row];
-  double argument = 0.0;
-  AddMultiple<term.d>(state.D, argument);
-  AddMultiple<term.m>(state.M, argument);
-  AddMultiple<term.mprime>(state.Mprime, argument);
-  AddMultiple<term.f>(state.F, argument);
-  return argument;
-}
-
-template <const auto& terms, std::size_t row>
-double Term(double sine_or_cosine, const LunarSeriesState& state) {
-  constexpr LunarTerm term = terms[row];
-  if constexpr (term.e_power == 0) {
-    return term.coefficient * sine_or_cosine;
-  }
-  return term.coefficient * sine_or_cosine * (term.e_power == 1 ? state.E : state.E_squared);
-}
-
-enum class Function : std::size_t { kCosine = 0, kSine = 1 };
-
-// The sum of the rows of one table, in its order.
-template <const auto& terms, std::size_t... rows>
-double SumRows(const LunarSeriesState& state, Function function,
-               std::index_sequence<rows...> /*all*/) {
-  const double arguments[] = {Argument<terms, rows>(state)...};
-  double cosine_sine[2 * sizeof...(rows)];
-  CosinesAndSines(arguments, static_cast<int>(sizeof...(rows)), cosine_sine);
-  const double* const values = cosine_sine + static_cast<std::size_t>(function);
-  double sum = 0.0;
-  ((sum += Term<terms, rows>(values[2 * rows], state)), ...);
-  return sum;
+// A term's coefficient with its power of E, times its sine or cosine.
+double Weighted(const LunarTerm& term, double sine_or_cosine, const LunarSeriesState& state) {
+  const double value = term.coefficient * sine_or_cosine;
+  return term.e_power == 0 ? value : value * (term.e_power == 1 ? state.E : state.E_squared);
 }
 
 template <const auto& terms>
-double SumTerms(const LunarSeriesState& state, Function function) {
-  return SumRows<terms>(state, function, std::make_index_sequence<std::size(terms)>());
+double SumSines(const LunarSeriesState& state) {
+  return SumRows<double, terms>({state.D, state.M, state.Mprime, state.F},
+                                [&state](const LunarTerm& term, double /*cosine*/, double sine,
+                                         double& sum) { sum += Weighted(term, sine, state); });
+}
+
+template <const auto& terms>
+double SumCosines(const LunarSeriesState& state) {
+  return SumRows<double, terms>({state.D, state.M, state.Mprime, state.F},
+                                [&state](const LunarTerm& term, double cosine, double /*sine*/,
+                                         double& sum) { sum += Weighted(term, cosine, state); });
 }
 
 }  // namespace
 
 double SumLunarLongitudeTerms(const LunarSeriesState& state) {
-  return SumTerms<kLongitudeTerms>(state, Function::kSine);
+  return SumSines<kLongitudeTerms>(state);
 }
 
 double SumLunarLatitudeTerms(const LunarSeriesState& state) {
-  return SumTerms<kLatitudeTerms>(state, Function::kSine);
+  return SumSines<kLatitudeTerms>(state);
 }
 
 double SumLunarDistanceTerms(const LunarSeriesState& state) {
-  return SumTerms<kDistanceTerms>(state, Function::kCosine);
-}
-
-double LiftAboveZero(double angle) {
-  while (angle < 0.0) {
-    const double next = angle + kTwoPi;
-    if (next == angle) {
-      return angle;  // a turn is lost in rounding, now and for ever
-    }
-    // Between two powers of two every turn adds the same rounded amount, so all but the last of
-    // them can be added at once; their sum is exact.
-    double skipped = 0.0;
-    if (next < 0.0 && std::ilogb(next) == std::ilogb(angle)) {
-      const double step = (next + kTwoPi) - next;
-      const double room = -next - std::ldexp(1.0, std::ilogb(next));
-      skipped = std::fmax(0.0, std::floor(room / step) - 1.0) * step;
-    }
-    angle = next + skipped;
-  }
-  return angle;
+  return SumCosines<kDistanceTerms>(state);
 }
 
 LunarPosition ComputeLunarPosition(double centuries) {
-  const double lprime =
-      ReduceAngle(EvaluatePolynomial(kMeanLongitude, 4, centuries) * kRadiansPerDegree);
+  const double lprime = MeanAngle(kMeanLongitude, centuries);
   const LunarArguments arguments = ComputeLunarArguments(centuries);
   // Additive arguments: Venus, Jupiter, and the flattening of the Earth.
-  const double a1 = (131.849 * centuries + 119.75) * kRadiansPerDegree;
+  const double a1 = VenusArgument(centuries);
   const double a2 = (479264.29 * centuries + 53.09) * kRadiansPerDegree;
   const double a3 = (481266.484 * centuries + 313.45) * kRadiansPerDegree;
 
@@ -194,8 +152,8 @@ LunarPosition ComputeLunarPosition(double centuries) {
 
   // Kept on purpose: lifted from below only; a longitude above a full turn stays there, by up to
   // 7.7 degrees.
-  return {LiftAboveZero(lprime + longitude * kRadiansPerDegree), latitude * kRadiansPerDegree,
-          kMeanDistanceKm + distance};
+  return {LiftAboveZero(lprime + longitude * kRadiansPerDegree, kTwoPi),
+          latitude * kRadiansPerDegree, kMeanDistanceKm + distance};
 }
 
 }  // namespace zenithor

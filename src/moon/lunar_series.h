@@ -29,9 +29,4 @@ double SumLunarLongitudeTerms(const LunarSeriesState& state);
 double SumLunarLatitudeTerms(const LunarSeriesState& state);
 double SumLunarDistanceTerms(const LunarSeriesState& state);
 
-// `angle` with 2 pi added while it is negative, to the last bit as if turn by turn, in a bounded
-// number of steps. An angle so far below 0 that adding 2 pi does not change it stays; not-a-number
-// stays.
-double LiftAboveZero(double angle);
-
 }  // namespace zenithor

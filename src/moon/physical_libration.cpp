@@ -1,10 +1,9 @@
 #include "moon/physical_libration.h"
 
-#include <cstddef>
 #include <iterator>
 
 #include "numerics/constants.h"
-#include "numerics/sincos.h"
+#include "numerics/trigonometric_series.h"
 
 namespace zenithor {
 
@@ -12,13 +11,12 @@ namespace {
 
 enum class Trigonometric { kSine, kCosine };
 
-// One term: multipliers of the seven arguments, its function, the coefficient [deg], and the power
-// of E it is multiplied by.
+// One term.
 struct LibrationTerm {
-  double d, m, mprime, f, omega, k1, k2;
+  int multipliers[7];  // of M', M, F, D, Omega, K1 and K2
   Trigonometric function;
-  double coefficient;
-  int e_power;
+  double coefficient;  // [deg]
+  int e_power;         // the power of E that it is multiplied by
 };
 
 constexpr LibrationTerm kRhoTerms[] = {
@@ -36,40 +34,28 @@ static_assert(std::size(kRhoTerms) == 10, "rho has 10 terms");
 static_assert(std::size(kSigmaTerms) == 13, "sigma has 13 terms");
 static_assert(std::size(kTauTerms) == 19, "tau has 19 terms");
 
-// The two arguments that librations alone have [rad].
-struct LibrationArguments {
-  double K1, K2;
-};
-
 // The sum over one table, in its order [rad].
-template <std::size_t N>
-double SumTerms(const LibrationTerm (&terms)[N], const LunarArguments& lunar,
-                const LibrationArguments& own) {
-  double angles[N];
-  double cosine_sine[2 * N];
-  for (std::size_t k = 0; k < N; ++k) {
-    const LibrationTerm& term = terms[k];
-    angles[k] = term.mprime * lunar.Mprime + term.m * lunar.M + term.f * lunar.F +
-                term.d * lunar.D + term.omega * lunar.Omega + term.k1 * own.K1 + term.k2 * own.K2;
-  }
-  CosinesAndSines(angles, static_cast<int>(N), cosine_sine);
-  double sum = 0.0;
-  for (std::size_t k = 0; k < N; ++k) {
-    const LibrationTerm& term = terms[k];
-    const double value = cosine_sine[2 * k + (term.function == Trigonometric::kSine ? 1 : 0)];
-    sum += term.coefficient * value * (term.e_power == 1 ? lunar.E : 1.0);
-  }
-  return sum * kRadiansPerDegree;
+template <const auto& terms>
+double SumTerms(const double (&angles)[7], double eccentricity_factor) {
+  const double degrees = SumRows<double, terms>(
+      angles,
+      [eccentricity_factor](const LibrationTerm& term, double cosine, double sine, double& sum) {
+        const double value = term.function == Trigonometric::kSine ? sine : cosine;
+        sum += term.coefficient * value * (term.e_power == 1 ? eccentricity_factor : 1.0);
+      });
+  return degrees * kRadiansPerDegree;
 }
 
 }  // namespace
 
 MoonPhysicalLibration ComputeMoonPhysicalLibration(double centuries,
                                                    const LunarArguments& arguments) {
-  const LibrationArguments own{(131.849 * centuries + 119.75) * kRadiansPerDegree,
-                               (20.186 * centuries + 72.56) * kRadiansPerDegree};
-  return {SumTerms(kRhoTerms, arguments, own), SumTerms(kSigmaTerms, arguments, own),
-          SumTerms(kTauTerms, arguments, own)};
+  const double k1 = VenusArgument(centuries);
+  const double k2 = (20.186 * centuries + 72.56) * kRadiansPerDegree;
+  const double angles[] = {arguments.Mprime, arguments.M, arguments.F, arguments.D,
+                           arguments.Omega,  k1,          k2};
+  return {SumTerms<kRhoTerms>(angles, arguments.E), SumTerms<kSigmaTerms>(angles, arguments.E),
+          SumTerms<kTauTerms>(angles, arguments.E)};
 }
 
 }  // namespace zenithor

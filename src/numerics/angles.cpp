@@ -1,14 +1,25 @@
 #include "numerics/angles.h"
 
 #include <cmath>
+#include <limits>
 
 #include "numerics/constants.h"
+#include "numerics/integers.h"
+#include "numerics/turns.h"
 
 namespace zenithor {
 
 namespace {
 
 constexpr long double kTurnsPerRadian = 0.159154943091895335768883763372514362L;  // 1 / 2 pi
+
+// x less `whole_turns` turns, then brought into [0, turn) by single turns.
+double ReduceBySingleTurns(double x, double turn, double whole_turns) {
+  x -= turn * whole_turns;
+  // A number below 0 by less than rounding becomes a whole turn, which goes off again.
+  x = SubtractTurns(LiftAboveZero(x, turn), turn, turn, true);
+  return x < 0.0 || x >= turn ? std::numeric_limits<double>::quiet_NaN() : x;
+}
 
 }  // namespace
 
@@ -20,6 +31,14 @@ double ReduceAngle(double angle) {
 double ReduceAngleSigned(double angle) {
   const auto turns = static_cast<double>(angle * kTurnsPerRadian);
   return angle - std::floor(turns + 0.5) * kTwoPi;
+}
+
+double ReduceDegrees(double x) { return ReduceBySingleTurns(x, 360.0, IntegerPart(x / 360.0)); }
+
+double ReduceRadians(double x) { return ReduceBySingleTurns(x, kTwoPi, std::floor(x / kTwoPi)); }
+
+double ReduceArcseconds(double x) {
+  return x - kArcsecondsPerTurn * std::floor(x / kArcsecondsPerTurn);
 }
 
 }  // namespace zenithor

@@ -4,7 +4,7 @@
 
 namespace zenithor {
 
-// From doubles to whole numbers, defined for every input.
+// From doubles to whole numbers, of any unit; defined for every input.
 
 // Integer part of x toward zero, as a double; NaN and infinities come back as they are.
 double IntegerPart(double x);

@@ -14,8 +14,9 @@ struct MultiplesRow {
   double cosine[kMultipleLimit];
 };
 
-// Fills the multiples 1 to `highest` (at most 31) of `angle` [rad] by angle addition from its sine
-// and cosine: double angle first, then each multiple from the one before.
+// Fills the multiples 1 to `highest` (1 to 31; the second is always filled) of `angle` [rad, any]
+// by angle addition from its sine and cosine: double angle first, then each multiple from the one
+// before. The 31st is within 2e-14.
 void FillMultiples(double angle, int highest, MultiplesRow& row);
 
 // The sum of multiples of several angles, as sine and cosine; empty at first (the angle 0).
@@ -25,7 +26,7 @@ struct AngleSum {
   bool empty = true;
 };
 
-// Adds multiplier x the angle of `row`; a multiplier of 0 adds nothing.
+// Adds multiplier x the angle of `row`; a multiplier of 0 adds nothing, any other has been filled.
 inline void AddMultiple(int multiplier, const MultiplesRow& row, AngleSum& sum) {
   if (multiplier == 0) {
     return;

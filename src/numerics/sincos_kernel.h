@@ -49,7 +49,7 @@ ZENITHOR_KERNEL void LoadFour(const double* from, FourInPairs& four) {
   four = {_mm_loadu_pd(from), _mm_loadu_pd(from + 2)};
 }
 
-// Whether all four are at most `largest` in size; false for not-a-number.
+// Whether all four are at most `largest` in size; false for NaN.
 ZENITHOR_KERNEL bool AreWithin(FourInPairs x, double largest) {
   const __m128d sign = _mm_set1_pd(-0.0);
   const __m128d limit = _mm_set1_pd(largest);

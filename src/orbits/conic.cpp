@@ -3,7 +3,8 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/circle.h"
+#include "numerics/angles.h"
+#include "numerics/arctangent.h"
 #include "numerics/constants.h"
 #include "numerics/cycle_watch.h"
 

@@ -2,8 +2,9 @@
 
 #include <cmath>
 
-#include "numerics/circle.h"
+#include "numerics/arctangent.h"
 #include "numerics/constants.h"
+#include "orbits/constants.h"
 #include "orbits/earth_velocity.h"
 #include "orbits/propagate_body.h"
 #include "orbits/vectors.h"
@@ -16,8 +17,6 @@ namespace {
 // grazes the Sun, 4e-12 day of light time.
 constexpr double kSunInLightTime = 1.97e-8;
 constexpr double kSunInDeflection = 1.974e-8;
-
-double Declination(const Rectangular& v) { return std::asin(v.z / Length(v)); }
 
 }  // namespace
 

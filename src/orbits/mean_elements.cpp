@@ -2,8 +2,9 @@
 
 #include <iterator>
 
+#include "numerics/angles.h"
 #include "numerics/constants.h"
-#include "orbits/horner.h"
+#include "numerics/polynomials.h"
 #include "time/constants.h"
 
 namespace zenithor {
@@ -27,23 +28,23 @@ constexpr MeanLongitude kPlanets[] = {
     {52272245.1795, 860492.1546},       // Pluto
 };
 
-// Higher parts [arcsec], Horner's rule from the highest power of T down; the result multiplies T^2.
-constexpr double kEarthMeanLongitudeHigher[] = {-5.23e-6, -0.0204411};
-constexpr double kMoonElongationHigher[] = {-3.207663637426e-13,  2.555243317839e-11,
-                                            2.560078201452e-9,    -3.702060118571e-5,
-                                            0.006949274683605842, -6.735220237445752};
-constexpr double kMoonLatitudeArgumentHigher[] = {4.474984866301e-13,     4.189032191814e-11,
-                                                  -2.790392351314e-9,     -2.165750777942e-6,
-                                                  -0.0007531187848233799, -13.117809789650071};
-constexpr double kSunAnomalyHigher[] = {1.62e-20,         -1.039e-17,          -3.83508e-15,
-                                        4.237343e-13,     8.8555011e-11,       -4.77258489e-8,
-                                        -1.1297037031e-5, 8.74737173673247e-5, -0.5528130642178309};
-constexpr double kMoonAnomalyHigher[] = {-1.755312760154e-12,    3.452144225877e-11,
-                                         -2.506365935364e-08,    -2.536291235258e-04,
-                                         5.2099641302735818e-02, 31.501359071894147};
-constexpr double kMoonMeanLongitudeHigher[] = {7.200592540556e-14,    2.235210987108e-10,
-                                               -1.024222633731e-08,   -6.073960534117e-05,
-                                               6.901724852838049e-03, -5.65504600274714};
+// Higher parts [arcsec] per rising power of T; the result multiplies T^2.
+constexpr double kEarthMeanLongitudeHigher[] = {-0.0204411, -5.23e-6};
+constexpr double kMoonElongationHigher[] = {-6.735220237445752, 0.006949274683605842,
+                                            -3.702060118571e-5, 2.560078201452e-9,
+                                            2.555243317839e-11, -3.207663637426e-13};
+constexpr double kMoonLatitudeArgumentHigher[] = {-13.117809789650071, -0.0007531187848233799,
+                                                  -2.165750777942e-6,  -2.790392351314e-9,
+                                                  4.189032191814e-11,  4.474984866301e-13};
+constexpr double kSunAnomalyHigher[] = {-0.5528130642178309, 8.74737173673247e-5, -1.1297037031e-5,
+                                        -4.77258489e-8,      8.8555011e-11,       4.237343e-13,
+                                        -3.83508e-15,        -1.039e-17,          1.62e-20};
+constexpr double kMoonAnomalyHigher[] = {31.501359071894147,  5.2099641302735818e-02,
+                                         -2.536291235258e-04, -2.506365935364e-08,
+                                         3.452144225877e-11,  -1.755312760154e-12};
+constexpr double kMoonMeanLongitudeHigher[] = {-5.65504600274714,   6.901724852838049e-03,
+                                               -6.073960534117e-05, -1.024222633731e-08,
+                                               2.235210987108e-10,  7.200592540556e-14};
 
 }  // namespace
 
@@ -58,7 +59,7 @@ double PlanetMeanLongitude(int planet, double t) {
 double MoonMeanLongitudeArcseconds(double centuries) {
   const double t = centuries;
   return ReduceArcseconds(1732564372.0442266 * t + 785939.8092105242) +
-         Horner(kMoonMeanLongitudeHigher, t) * t * t;
+         EvaluatePolynomial(kMoonMeanLongitudeHigher, t) * t * t;
 }
 
 void FillMeanElements(double julian_day, double (&arguments)[kArgumentLimit]) {
@@ -71,13 +72,15 @@ void FillMeanElements(double julian_day, double (&arguments)[kArgumentLimit]) {
   // still. Over 1500-2500 the Earth is up to 55" and 7.0e-5 au from where the filled list puts it
   // (0.33" and 1.8e-7 au from VSOP87), Pluto seen from it up to 1.6" and 2.6e-4 au.
   store(kEarthMeanLongitude, 129597742.283429 * t + 361679.198,
-        Horner(kEarthMeanLongitudeHigher, t));
+        EvaluatePolynomial(kEarthMeanLongitudeHigher, t));
   store(kMoonElongation, 1602961600.9939659 * t + 1072261.2202445078,
-        Horner(kMoonElongationHigher, t));
+        EvaluatePolynomial(kMoonElongationHigher, t));
   store(kMoonLatitudeArgument, 1739527262.8437717 * t + 335779.5141288474,
-        Horner(kMoonLatitudeArgumentHigher, t));
-  store(kSunAnomaly, 129596581.0230432 * t + 1287102.7407441526, Horner(kSunAnomalyHigher, t));
-  store(kMoonAnomaly, 1717915922.8846793 * t + 485868.17465825332, Horner(kMoonAnomalyHigher, t));
+        EvaluatePolynomial(kMoonLatitudeArgumentHigher, t));
+  store(kSunAnomaly, 129596581.0230432 * t + 1287102.7407441526,
+        EvaluatePolynomial(kSunAnomalyHigher, t));
+  store(kMoonAnomaly, 1717915922.8846793 * t + 485868.17465825332,
+        EvaluatePolynomial(kMoonAnomalyHigher, t));
   arguments[kMoonMeanLongitude - 1] = MoonMeanLongitudeArcseconds(t) * kRadiansPerArcsecond;
 }
 

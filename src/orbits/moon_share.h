@@ -6,7 +6,7 @@
 
 namespace zenithor {
 
-// A longitude [arcsec] brought back by one turn where it is beyond 645000 either way.
+// A longitude [arcsec] brought back by one turn, 1296000, where it is beyond 645000 either way.
 double TurnLunarLongitude(double arcseconds);
 
 // The Moon's geocentric vector [au], equatorial, equinox of date, from the lunar series. Fills the

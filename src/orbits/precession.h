@@ -7,9 +7,9 @@ namespace zenithor {
 
 enum class PrecessionDirection { kToJ2000, kFromJ2000 };
 
-// Precesses an equatorial rectangular vector between the equinox of `julian_day` and J2000.0 in
-// place, by rotation of the ecliptic. At J2000.0 exactly nothing is changed. Leaves `obliquity` at
-// the equinox arrived at.
+// Precesses an equatorial rectangular vector (any unit) between the equinox of `julian_day` [day]
+// and J2000.0 in place, by rotation of the ecliptic. At J2000.0 exactly nothing is changed. Leaves
+// `obliquity` at the equinox arrived at.
 // Source: J. Laskar, Secular terms of classical planetary theories using the results of general
 // theory, Astronomy and Astrophysics 157 (1986), table 7, the low powers refitted to newer
 // observations; within 10 000 years of J2000.0.

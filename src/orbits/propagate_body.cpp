@@ -1,9 +1,7 @@
 #include "orbits/propagate_body.h"
 
-#include <cmath>
-
-#include "numerics/circle.h"
 #include "orbits/conic.h"
+#include "orbits/ecliptic_place.h"
 #include "orbits/mean_elements.h"
 #include "orbits/moon_share.h"
 #include "orbits/planet_series.h"
@@ -36,10 +34,7 @@ HeliocentricPlace PropagateBody(double julian_day, OrbitalElementRecord& record,
     radius = RemoveMoonFromBarycentre(julian_day, state.scratch, state.obliquity, vector);
   }
 
-  CachedObliquity(kJ2000, state.obliquity);
-  const Rectangular ecliptic = EquatorToEcliptic(vector, state.obliquity);
-  return {vector,
-          {FullCircleArctan(ecliptic.x, ecliptic.y), std::asin(ecliptic.z / radius), radius}};
+  return {vector, EclipticPlace(kJ2000, vector, radius, state.obliquity)};
 }
 
 }  // namespace zenithor

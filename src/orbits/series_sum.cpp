@@ -1,8 +1,6 @@
 #include "orbits/series_sum.h"
 
-#include <cmath>
-
-#include "numerics/constants.h"
+#include "numerics/angles.h"
 
 namespace zenithor {
 
@@ -29,10 +27,6 @@ double PolynomialTerm(const double*& coefficients, int power, double t) {
 }
 
 }  // namespace
-
-double ReduceArcseconds(double x) {
-  return x - kArcsecondsPerTurn * std::floor(x / kArcsecondsPerTurn);
-}
 
 SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
                            const MultiplesRow (&rows)[kArgumentLimit],

@@ -21,9 +21,6 @@ struct SeriesSums {
 
 enum class LongitudePolynomial { kReduced, kAsItStands };  // modulo 1296000, or not
 
-// The part of the circle [arcsec] above a whole number of turns: x - 1296000 floor(x / 1296000).
-double ReduceArcseconds(double x);
-
 // Sums `table` at T (in its time scale, from J2000.0) in stored order over the multiples in `rows`.
 SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
                            const MultiplesRow (&rows)[kArgumentLimit],

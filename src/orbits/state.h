@@ -13,8 +13,8 @@ namespace zenithor {
 
 // The observer of the topocentric step.
 struct PlutoObserver {
-  double geodetic_latitude = 0.0;    // [deg] written by nothing
-  double longitude = 0.0;            // [deg] east positive
+  double geodetic_latitude = 0.0;    // [deg] stays 0, which puts every observer on the equator
+  double longitude = 0.0;            // [deg] east positive, any number
   double geocentric_latitude = 0.0;  // [deg]
   double geocentric_radius = 0.0;    // [equatorial radii]
 };
@@ -64,7 +64,7 @@ struct OrbitsState {
   EarthVelocityCache earth_velocity;
   NutationCache nutation;
 
-  double current_day = 0.0;
+  double current_day = 0.0;    // [day] Julian day of the call
   double dynamical_day = 0.0;  // the current day unchanged
   double universal_day = 0.0;  // the current day unchanged
   int body = 0;

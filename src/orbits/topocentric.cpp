@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "numerics/constants.h"
+#include "orbits/constants.h"
 #include "time/julian_day.h"
 #include "time/parallax.h"
 #include "time/sidereal_time.h"
@@ -13,10 +14,10 @@ namespace {
 
 constexpr double kEquatorialRadius = 6378137.0;  // [m]
 constexpr double kFlattening = 1.0 / 298.257222;
-constexpr double kEquatorialRadiusAu = 6378.137 / 149597870.691;
+constexpr double kEquatorialRadiusAu = 6378.137 / kAstronomicalUnitKm;
 
 // Speed of a point of the equator [speed of light]: 7.292115e-5 rad/s, 0.320".
-constexpr double kEquatorSpeed = 7.292115e-5 * 6378.137 / 299792.458;
+constexpr double kEquatorSpeed = 7.292115e-5 * 6378.137 / kLightSpeedKmPerSecond;
 
 }  // namespace
 

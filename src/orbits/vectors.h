@@ -6,7 +6,7 @@
 
 namespace zenithor {
 
-// Arithmetic on rectangular vectors.
+// Arithmetic on rectangular vectors, of any unit.
 
 inline Rectangular operator+(const Rectangular& a, const Rectangular& b) {
   return {a.x + b.x, a.y + b.y, a.z + b.z};
@@ -29,5 +29,10 @@ inline double Dot(const Rectangular& a, const Rectangular& b) {
 }
 
 inline double Length(const Rectangular& v) { return std::sqrt(Dot(v, v)); }
+
+// [rad], -pi / 2 to pi / 2; NaN for the origin, which has no direction.
+inline double Declination(const Rectangular& equatorial) {
+  return std::asin(equatorial.z / Length(equatorial));
+}
 
 }  // namespace zenithor

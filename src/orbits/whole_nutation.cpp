@@ -4,21 +4,19 @@
 #include <cstdint>
 #include <iterator>
 
+#include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "numerics/multiples.h"
-#include "orbits/series_sum.h"
 #include "time/constants.h"
 
 namespace zenithor {
 
 namespace {
 
-// Multipliers of the five arguments; coefficients [0.0001 arcsec] and their rates [0.0001 arcsec
-// per 1000 years].
 struct NutationTerm {
-  std::int16_t moon_anomaly, sun_anomaly, latitude_argument, elongation, node;
-  std::int16_t longitude, obliquity;
-  std::int16_t longitude_rate, obliquity_rate;
+  std::int16_t multipliers[5];                  // of M', M, F, D and Omega
+  std::int16_t longitude, obliquity;            // sine and cosine [0.0001 arcsec]
+  std::int16_t longitude_rate, obliquity_rate;  // [0.0001 arcsec per 1000 years]
 };
 
 constexpr NutationTerm kTerms[] = {
@@ -31,10 +29,8 @@ constexpr int kHighest[] = {3, 2, 4, 4, 2};
 
 constexpr bool WithinHighest() {
   for (const NutationTerm& term : kTerms) {
-    const int multipliers[] = {term.moon_anomaly, term.sun_anomaly, term.latitude_argument,
-                               term.elongation, term.node};
     for (int k = 0; k < 5; ++k) {
-      if (multipliers[k] > kHighest[k] || multipliers[k] < -kHighest[k]) {
+      if (term.multipliers[k] > kHighest[k] || term.multipliers[k] < -kHighest[k]) {
         return false;
       }
     }
@@ -67,11 +63,9 @@ void CachedWholeNutation(double julian_day, NutationCache& cache) {
   double obliquity = 0.0;
   for (const NutationTerm& term : kTerms) {
     AngleSum angle;
-    AddMultiple(term.moon_anomaly, rows[0], angle);
-    AddMultiple(term.sun_anomaly, rows[1], angle);
-    AddMultiple(term.latitude_argument, rows[2], angle);
-    AddMultiple(term.elongation, rows[3], angle);
-    AddMultiple(term.node, rows[4], angle);
+    for (int k = 0; k < 5; ++k) {
+      AddMultiple(term.multipliers[k], rows[k], angle);
+    }
     longitude += (term.longitude + term.longitude_rate * millennia) * angle.sine;
     obliquity += (term.obliquity + term.obliquity_rate * millennia) * angle.cosine;
   }

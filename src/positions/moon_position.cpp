@@ -18,7 +18,7 @@ Equatorial ComputeMoonPosition(const EphemerisStore& store, double julian_day,
   const double t = JulianCenturies(julian_day);
   const double epsilon0 = MeanObliquity(t);
   const NutationAngles nutation = CachedNutation(t, cache);
-  const Spherical sun = EvaluateSunGeocentric(store, kEarthSlot, t, cache);
+  const Spherical sun = CachedSunGeocentric(store, kEarthSlot, t, cache);
   const LunarPosition moon = ComputeLunarPosition(t);
 
   // Kept on purpose: nutation in longitude is all that lies between the series and the record,

@@ -2,9 +2,11 @@
 
 #include <cmath>
 
-#include "numerics/circle.h"
+#include "numerics/arctangent.h"
 #include "numerics/constants.h"
+#include "orbits/constants.h"
 #include "orbits/earth_velocity.h"
+#include "orbits/ecliptic_place.h"
 #include "orbits/light.h"
 #include "orbits/precession.h"
 #include "orbits/propagate_body.h"
@@ -17,8 +19,6 @@ namespace zenithor {
 namespace {
 
 constexpr double kB1950 = 2433282.423;
-constexpr double kLightSpeedKmPerSecond = 299792.458;
-constexpr double kAstronomicalUnitKm = 149597870.691;
 
 void SetUp(double julian_day, double observer_longitude, double observer_latitude,
            OrbitsState& state) {
@@ -65,27 +65,7 @@ Rectangular Nutate(const Rectangular& p, const NutationAngles& nutation,
           sp * set * p.x + ((cp - 1.0) * set * ce + sde) * p.y + (cp * se * set + ce * cet) * p.z};
 }
 
-// Of a vector of date whose length before any rotation was `radius`.
-Spherical EclipticPlace(double julian_day, const Rectangular& vector_of_date, double radius,
-                        ObliquityCache& obliquity) {
-  CachedObliquity(julian_day, obliquity);
-  const Rectangular v = EquatorToEcliptic(vector_of_date, obliquity);
-  return {FullCircleArctan(v.x, v.y), std::asin(v.z / radius), radius};
-}
-
 }  // namespace
-
-Spherical EclipticPlaceOfDate(double julian_day, const Rectangular& vector_of_date,
-                              ObliquityCache& obliquity) {
-  return EclipticPlace(julian_day, vector_of_date, Length(vector_of_date), obliquity);
-}
-
-Spherical EclipticPlaceFromJ2000(double julian_day, const Rectangular& vector,
-                                 ObliquityCache& obliquity) {
-  Rectangular v = vector;
-  PrecessVector(julian_day, PrecessionDirection::kFromJ2000, obliquity, v);
-  return EclipticPlace(julian_day, v, Length(vector), obliquity);
-}
 
 Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
                                 double observer_latitude, OrbitsState& state,
@@ -127,14 +107,14 @@ Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
   p = next;
 
   const double alpha = FullCircleArctan(p.x, p.y);
-  const double delta = std::asin(p.z / Length(p));
+  const double delta = Declination(p);
   record.RightAscension = alpha * kHoursPerRadian;
   record.Declination = delta * kDegreesPerRadian;
   state.topocentric = ComputeTopocentric(alpha, delta, state.geometry.earth_object,
                                          state.universal_day, state.observer);
 
   // Kept on purpose: the vector is that of the true equator, the rotation that of the mean
-  // obliquity: against the true ecliptic of date the longitude is up to 3.0" off, the
+  // obliquity; against the true ecliptic of date the longitude is up to 3.0" off, the
   // latitude 9.9". Kept on purpose: the distance is that of the place which the light left, up
   // to 1.7e-4 au from the geometric one.
   p = state.geometry.earth_object * p;

@@ -5,18 +5,9 @@
 
 namespace zenithor {
 
-// Ecliptic place at a Julian day of an equatorial vector: longitude in [0, 2 pi), latitude, length.
-// Rotated with the mean obliquity of the day.
-Spherical EclipticPlaceOfDate(double julian_day, const Rectangular& vector_of_date,
-                              ObliquityCache& obliquity);
-
-// The same of a vector that is referred to J2000.0 and is precessed first.
-Spherical EclipticPlaceFromJ2000(double julian_day, const Rectangular& vector,
-                                 ObliquityCache& obliquity);
-
 // Pluto's heliocentric and apparent geocentric place at a Julian day, written into fields 1 to 8 of
 // `record` in degrees, hours and astronomical units. The day serves unchanged as dynamical and as
-// universal time. The observer's place [deg] changes no field. Always answers.
+// universal time. The observer's place [deg, any number] changes no field. Always answers.
 // From 1500 to 2500 right ascension and declination are within 2" of the apparent place, most of it
 // the Earth's share; longitude and latitude, which are turned by the mean obliquity, within 3.0"
 // and 9.9" of those on the true ecliptic of date. Outside the years -3000 to 3000 the series run

@@ -19,7 +19,7 @@ struct PositionState {
 // every body has. Writes the fields that the code has (planet_position.h, moon_position.h,
 // pluto_position.h) and leaves the others of `record` untouched.
 //   julian_day          [day]; any number, NaN and infinities included
-//   observer_longitude  [deg] and latitude: no field depends on them
+//   observer_longitude  [deg] and latitude [deg], any numbers: no field depends on them
 //   code                0 to 10; any other is served as Mercury
 //   record              the caller's; null gives 0.0
 // Returns ZENITHOR_DONE, or 0.0, with nothing written, where a slot that the code needs is not

@@ -12,7 +12,7 @@ enum class Horizon { kRisesAndSets, kAlwaysAbove, kAlwaysBelow };
 
 struct RiseSetTimes {
   Horizon horizon;
-  double rise;     // fractions of a day after T0, times 2 pi [rad]; not-a-number where the
+  double rise;     // fractions of a day after T0, times 2 pi [rad]; NaN where the
   double transit;  // iteration does not settle; rise and set are first estimates only when the body
   double set;      // does not cross the horizon
   Refinement rise_run;

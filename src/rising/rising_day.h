@@ -46,8 +46,7 @@ double PlaceCenturies(const RisingDay& day, std::size_t place);
 RiseSetProblem PoseRiseSet(const RisingDay& day, const ThreePlaces& places, double h0);
 
 // The drivers' answer. Minutes after the day's start; ZENITHOR_ALWAYS_UP or ZENITHOR_NEVER_UP in
-// all four fields when the body does not cross the horizon; not-a-number for a time that does not
-// settle.
+// all four fields when the body does not cross the horizon; NaN for a time that does not settle.
 struct RiseSetResult {
   double Status;  // 0 when rising and setting exist
   double Rise;

@@ -2,8 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
+
+#include "numerics/cycle_watch.h"
 
 namespace zenithor {
 
@@ -19,18 +20,16 @@ constexpr std::int32_t kGiveUpSteps = 100000;
 
 enum class Ending { kNotRun, kSettled, kNotANumber, kRepeats, kGivenUp };
 
-// How an iteration went: for those who measure.
+// How an iteration went; tests and the scan read it, no answer depends on it.
 struct Refinement {
   std::int32_t steps;  // corrections computed
   Ending ending;
 };
 
 struct Settled {
-  double value;  // not-a-number when the iteration does not settle
+  double value;  // NaN when the iteration does not settle
   Refinement run;
 };
-
-inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; }
 
 // Iterates from `m`. Ends when |correction| <= 0.0002, with the corrected m; when a correction is
 // not a number; or when m comes back, to the bit, to a value it has had: the correction depends on
@@ -41,8 +40,7 @@ inline bool SameBits(double x, double y) { return std::memcmp(&x, &y, sizeof x) 
 template <class Correction>
 Settled Settle(double m, Correction correction) {
   constexpr double kNever = std::numeric_limits<double>::quiet_NaN();
-  double remembered = m;
-  std::int32_t renew_at = 1;
+  CycleWatch watch{m};
   for (std::int32_t steps = 1; steps <= kGiveUpSteps; ++steps) {
     const double dm = correction(m);
     m += dm;
@@ -52,12 +50,8 @@ Settled Settle(double m, Correction correction) {
     if (std::isnan(dm)) {
       return {kNever, {steps, Ending::kNotANumber}};
     }
-    if (SameBits(m, remembered)) {
+    if (watch.Repeats(m)) {
       return {kNever, {steps, Ending::kRepeats}};
-    }
-    if (steps == renew_at) {
-      remembered = m;
-      renew_at *= 2;
     }
   }
   return {kNever, {kGiveUpSteps, Ending::kGivenUp}};

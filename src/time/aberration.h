@@ -12,13 +12,14 @@ struct SunLongitude {
   double eccentricity;  // of the Earth's orbit
 };
 
-// T in Julian centuries from J2000.0. Low accuracy: 0.01 degree.
+// At T Julian centuries from J2000.0, any; good to 0.01 degree over some centuries about it.
 SunLongitude SunTrueLongitude(double centuries);
 
 enum class AberrationTerms { kCircularOrbit, kWithEccentricity };
 
-// Corrects `place` for annual aberration; epsilon [rad] is the obliquity. At a declination of
-// exactly 90 degrees either way the result is not finite.
+// Corrects `place` for annual aberration, at most 21" of arc, at T Julian centuries from J2000.0;
+// epsilon [rad] is the obliquity. At a declination of exactly 90 degrees either way the result is
+// not finite. The right ascension is not reduced again.
 void AnnualAberration(double centuries, double epsilon, AberrationTerms terms, Equatorial& place);
 
 }  // namespace zenithor

@@ -58,7 +58,7 @@ double Seconds(std::size_t piece, double clock_day) {
   }
   const YearPolynomial& row = kPolynomials[piece];
   const double year = 2000.0 + (clock_day - kStartOf2000) / kDaysPerYear;
-  return EvaluatePolynomial(row.coefficients, 7, (year - row.origin) / row.scale);
+  return EvaluatePolynomial(row.coefficients, (year - row.origin) / row.scale);
 }
 
 double Dynamical(std::size_t piece, double clock_day) {

@@ -4,7 +4,7 @@
 
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
-#include "time/constants.h"
+#include "time/julian_day.h"
 
 namespace zenithor {
 
@@ -22,15 +22,15 @@ constexpr double kOrbitObliquity[] = {84381.406173, -468.3396,  -0.0175,   1.998
 }  // namespace
 
 double MeanObliquity(double centuries) {
-  return EvaluatePolynomial(kLaskar, 10, 0.01 * centuries) * kRadiansPerArcsecond;
+  return EvaluatePolynomial(kLaskar, 0.01 * centuries) * kRadiansPerArcsecond;
 }
 
 void CachedObliquity(double julian_day, ObliquityCache& cache) {
   if (julian_day == cache.julian_day) {
     return;
   }
-  const double t = static_cast<double>((julian_day - kJ2000) * kCenturiesPerDay) * 0.1;
-  cache.epsilon = EvaluatePolynomial(kOrbitObliquity, 10, t) * kRadiansPerArcsecond;
+  const double t = JulianCenturies(julian_day) * 0.1;
+  cache.epsilon = EvaluatePolynomial(kOrbitObliquity, t) * kRadiansPerArcsecond;
   cache.cos_epsilon = std::cos(cache.epsilon);
   cache.sin_epsilon = std::sin(cache.epsilon);
   cache.julian_day = julian_day;

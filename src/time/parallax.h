@@ -11,12 +11,13 @@ struct ObserverTerms {
   double rho_sin_phi;  // rho sin phi'
 };
 
-// Latitude [rad], height [m]. Flattening 1 / 298.257, equatorial radius 6378140 m.
+// Geodetic latitude [rad], -pi / 2 to pi / 2, and height [m]. Flattening 1 / 298.257, equatorial
+// radius 6378140 m.
 ObserverTerms ObserverGeocentricTerms(double latitude, double height);
 
 // In all three corrections `parallax_sine` is the sine of the body's equatorial horizontal parallax
 // and `sidereal_time` [rad] the local one, so the hour angle is sidereal_time - alpha. `alpha` and
-// `delta` [rad] come in geocentric and go out topocentric.
+// `delta` [rad] come in geocentric and go out topocentric. Nothing is checked.
 
 // The rigorous formulas with an arctangent of one argument. No export reaches it.
 void ParallaxStrict(double parallax_sine, double sidereal_time, ObserverTerms observer,

@@ -2,8 +2,8 @@
 
 namespace zenithor {
 
-// Greenwich mean sidereal time [rad], not reduced, at a Julian day of universal time; T is the same
-// instant in Julian centuries from J2000.0. Valid for any instant, not only 0h.
+// Greenwich mean sidereal time [rad], not reduced, at a Julian day of universal time [day]; T is
+// the same instant in Julian centuries from J2000.0. Valid for any instant, not only 0h.
 // Source: Meeus, Astronomical Algorithms, formula 12.4.
 double GreenwichMeanSiderealTime(double julian_day, double centuries);
 

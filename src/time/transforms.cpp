@@ -2,18 +2,9 @@
 
 #include <cmath>
 
-#include "numerics/constants.h"
+#include "numerics/arctangent.h"
 
 namespace zenithor {
-
-namespace {
-
-double PositiveArctan(double y, double x) {
-  const double angle = std::atan2(y, x);
-  return angle < 0.0 ? angle + kTwoPi : angle;
-}
-
-}  // namespace
 
 Rectangular SphericalToRectangular(const Spherical& place) {
   const double cos_latitude = std::cos(place.latitude);

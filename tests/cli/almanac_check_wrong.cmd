@@ -1,18 +1,17 @@
-# A wrong answer is found and shown; what is no golden file is refused.
-sed -n 1,3p "$ROOT/tests/golden/positions.tsv" >right.tsv
-sed '2s/\t323 [^ ]*/\t323 200.5/' right.tsv >wrong.tsv
-$ALMANAC check right.tsv
-$ALMANAC check wrong.tsv || true
-echo "Q 1 2	3" >kind.tsv
-$ALMANAC check kind.tsv || true
-echo "P 2451545" >half.tsv
-$ALMANAC check half.tsv || true
+# A wrong answer is found and shown; what is no golden file is refused, with the line and what is wrong.
+golden="$ROOT/tests/golden"
+sed '/^# cases/s/649/3/; 12,$d' "$golden/rising.tsv" >count.tsv
+sed '/^# cases/s/3/2/' count.tsv >right.tsv
+sed '10s/Sun/Moon/' right.tsv >wrong.tsv
+sed '/^# cases/s/2072/1/; /^2451545\t.*\tSun\t/s/\t280\./\t200./; 17,$d' "$golden/positions.tsv" >field.tsv
+sed '10s/rise/up/' right.tsv >word.tsv
+sed '/^# tolerance/d' right.tsv >tolerance.tsv
+sed '8s/.*//' right.tsv >sentence.tsv
+echo "P 2451545 0 0 0 0 0 1	323" >kind.tsv
 : >empty.tsv
-$ALMANAC check empty.tsv || true
-$ALMANAC check absent.tsv || true
+$ALMANAC check right.tsv
+for name in wrong field count word tolerance sentence kind empty absent; do
+  $ALMANAC check $name.tsv || true
+done
 $ALMANAC check /absent.tsv || true
-echo "P 2451545 a b c d e 1	323" >word.tsv
-$ALMANAC check word.tsv || true
-echo "S SPR_EQUX	0" >short.tsv
-$ALMANAC check short.tsv || true
 $ALMANAC check ""

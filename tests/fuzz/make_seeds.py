@@ -32,7 +32,7 @@ def position_seeds():
     yield "first-calendar", arguments([0.0], [3])
     yield "reform", arguments([2299160.5], [10])
     yield "far", arguments([1e10, 0, 0, 1e300, -1e300], [9])
-    yield "not-a-number", arguments([NAN] * 6, [10])
+    yield "nan", arguments([NAN] * 6, [10])
     yield "denormal", arguments([5e-324] * 6, [1])
 
 
@@ -42,7 +42,7 @@ def selected_event_seeds():
     yield "year-999", arguments([2086302.5], [1])
     yield "negative-year", arguments([-1000.5], [2])
     yield "far", arguments([-1e300], [3])
-    yield "not-a-number", arguments([NAN], [0])
+    yield "nan", arguments([NAN], [0])
 
 
 def event_seeds():
@@ -51,7 +51,7 @@ def event_seeds():
     yield "last-counted-day", arguments([2147483647.5])
     yield "cannot-count", arguments([1e18])
     yield "infinite", arguments([-INFINITY])
-    yield "not-a-number", arguments([NAN])
+    yield "nan", arguments([NAN])
 
 
 def rising_seeds():
@@ -61,7 +61,7 @@ def rising_seeds():
     yield "never-rises", arguments([14965.0, 0, 0, 0, 80.0], [0, 2])
     yield "grazing", arguments([14900.0, 0, 0, 0, 66.5622], [0, 3])
     yield "no-selector", arguments([0.0] * 5, [1, 0])
-    yield "not-a-number", arguments([0.0, NAN, 0.0, 0.0, 45.0], [10, 1])
+    yield "nan", arguments([0.0, NAN, 0.0, 0.0, 45.0], [10, 1])
     yield "far", arguments([1e300, -1e300, 1e18, 1e9, -1e9], [5, 2])
 
 

@@ -16,11 +16,15 @@
 #   --expect FILE    fails unless the program prints what the file holds
 #   --home           the data are in ~/.local/share and XDG_DATA_HOME is not set (Linux)
 #   --no-home        neither HOME nor XDG_DATA_HOME is set (Linux)
+#   --home-is PATH, --data-home-is PATH
+#                    the same with HOME or XDG_DATA_HOME set to PATH as it stands: a name in DIR, where
+#                    the program then runs; the root, where nothing is put; - for an empty one (Linux)
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 directory=$1
 shift
 archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home=''
+home_is='' data_home_is=unset
 while [ "$1" != -- ]; do
   case $1 in
     --archive) archive=$2; shift ;;
@@ -34,6 +38,8 @@ while [ "$1" != -- ]; do
     --exit) code=$2; shift ;;
     --home) home=yes ;;
     --no-home) home=none ;;
+    --home-is) home=is home_is=${2#-}; shift ;;
+    --data-home-is) home=${home:-data} data_home_is=${2#-}; shift ;;
     *) echo "with_profile: unknown option $1" >&2; exit 1 ;;
   esac
   shift
@@ -84,7 +90,11 @@ PYTHON
   data=$profile/AppData/Roaming/tavvin_files/archive
 else
   data=$directory/share/tavvin_files/archive
-  [ "$home" != yes ] || data=$directory/.local/share/tavvin_files/archive
+  case $home in
+    yes) data=$directory/.local/share/tavvin_files/archive ;;
+    is) data=$directory/$home_is/.local/share/tavvin_files/archive ;;
+    data) data=$directory/$data_home_is/tavvin_files/archive ;;
+  esac
 fi
 
 mkdir -p "$data"
@@ -132,8 +142,12 @@ else
   case $home in
     yes) export HOME=$directory ;;
     none) unset HOME ;;
+    is) export HOME=$home_is ;;
+    data) ;;
     *) export XDG_DATA_HOME=$directory/share ;;
   esac
+  [ "$data_home_is" = unset ] || export XDG_DATA_HOME=$data_home_is
+  cd "$directory"
 fi
 status=0
 $run "$@" >"$directory/stdout" 2>"$directory/stderr" || status=$?

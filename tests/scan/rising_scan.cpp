@@ -176,7 +176,7 @@ int main(int argc, char** argv) {
               tally.repeats + tally.not_a_number + tally.given_up);
   std::printf("  proven to repeat                     %lld (longest after %d steps)\n",
               tally.repeats, tally.longest_repeat);
-  std::printf("  ran into not-a-number                %lld\n", tally.not_a_number);
+  std::printf("  ran into NaN                         %lld\n", tally.not_a_number);
   std::printf("  given up after %d steps          %lld\n", zenithor::kGiveUpSteps, tally.given_up);
   std::printf("the Earth, which has no direction      %lld\n", tally.no_direction);
   std::printf("longest processor time of all three    %.1f ms\n", tally.longest_seconds * 1e3);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// Reading the repository's text files: published values and golden answers. Tests name them from
+// Reading the repository's text files: published values, hashes. Tests name them from
 // the root of the repository, wherever they run; other programs give a path.
 
 #ifndef ZENITHOR_SOURCE_DIR
@@ -67,29 +67,6 @@ inline PublishedValue Published(const std::string& example, const std::string& q
     }
   }
   throw std::runtime_error("no published value " + example + " " + quantity);
-}
-
-// One golden case: the words of the call and the words of the answer.
-struct GoldenCase {
-  std::vector<std::string> call;
-  std::vector<std::string> answer;
-};
-
-inline std::vector<GoldenCase> GoldenCasesAt(const std::string& path) {
-  std::vector<GoldenCase> cases;
-  for (const std::string& line : LinesAt(path)) {
-    const std::vector<std::string> halves = Split(line, '\t');
-    if (halves.size() < 2) {
-      throw std::runtime_error(path + ": a call without an answer: " + line);
-    }
-    std::vector<std::string> answer = Split(halves[1], ' ');
-    cases.push_back({Split(halves[0], ' '), std::move(answer)});
-  }
-  return cases;
-}
-
-inline std::vector<GoldenCase> GoldenCases(const std::string& name) {
-  return GoldenCasesAt(std::string(ZENITHOR_SOURCE_DIR) + "/tests/golden/" + name);
 }
 
 }  // namespace zenithor::testing

@@ -13,6 +13,7 @@
 #include "ephemeris/track_walk.h"
 #include "support/full_store.h"
 #include "support/plain_series.h"
+#include "support/same_bytes.h"
 #include "support/text_files.h"
 
 namespace zenithor {
@@ -22,6 +23,7 @@ using testing::FullStore;
 using testing::Millennia;
 using testing::PlainSum;
 using testing::Quadruple;
+using testing::SameBytes;
 using testing::SumSeriesPlainly;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -56,8 +58,6 @@ class OneBody {
   std::vector<char> room_;
   EphemerisStore store_;
 };
-
-bool SameBits(const Spherical& a, const Spherical& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 bool SameOrBothNotANumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 
@@ -171,7 +171,7 @@ TEST(FastSum, FindsTheEndOfEverySeries) {
 
 TEST(FastSum, GivesZeroForABodyWithoutTerms) {
   const OneBody body({}, {});
-  EXPECT_TRUE(SameBits(body.At(0.3), {0.0, 0.0, 0.0}));
+  EXPECT_TRUE(SameBytes(body.At(0.3), Spherical{0.0, 0.0, 0.0}));
 }
 
 TEST(FastSum, StaysInsideTheBlockWhenCountsDisagreeWithTheirSum) {

@@ -138,6 +138,21 @@ TEST_F(Loader, FailedLoadForgetsWhatTheSlotHeldBefore) {
   EXPECT_FALSE(IsLoaded(store_, 4));
 }
 
+TEST_F(Loader, SlotLoadedAgainFromAShorterIndexTakesTheRestAsZero) {
+  const BodyIndexRecord record = RecordWith(0, {2, 3});
+  WriteIndex(index_path_, {record});
+  WriteData(data_path_, NumberedTerms(5));
+  EXPECT_EQ(Load(0), LoadStatus::kLoaded);
+  EXPECT_EQ(store_.bodies[0].term_count, 5);
+  WriteFile(index_path_, &record, 6);  // the first pair and half of the second
+  EXPECT_EQ(Load(0), LoadStatus::kLoaded);
+  EXPECT_EQ(store_.bodies[0].term_count, 2);
+  EXPECT_EQ(store_.bodies[0].index.series[1].term_count, 0);
+  WriteFile(index_path_, "", 0);
+  EXPECT_EQ(Load(0), LoadStatus::kLoaded);
+  EXPECT_EQ(store_.bodies[0].term_count, 0);
+}
+
 TEST_F(Loader, DirectoryInPlaceOfAFileCannotBeOpened) {
   WriteNineSlots();
   const std::string directory = folder_ / "directory";

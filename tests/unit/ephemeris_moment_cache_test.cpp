@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -12,16 +11,13 @@
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/series.h"
 #include "support/full_store.h"
+#include "support/same_bytes.h"
 
 namespace zenithor {
 namespace {
 
 using testing::FullStore;
-
-template <class Record>
-bool SameBits(const Record& a, const Record& b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
-}
+using testing::SameBytes;
 
 // A store whose slot 3 holds one term of L0, loaded from two files; released with the object.
 class OneTermStore {
@@ -60,29 +56,29 @@ class OneTermStore {
 
 TEST(MomentCache, GivesTheBitsOfAnUncachedCall) {
   MomentCache cache;
-  // Moments come back at distances below and above the number of observers that are kept.
+  // Moments come back at distances below and above the number of places that are kept.
   for (int call = 0; call < 400; ++call) {
     const double centuries = -20.0 + 0.37 * ((call * call) % 7) + (call % 3 == 0 ? 0.0 : 1.0);
     const int slot = call % 5 == 0 ? kEarthJ2000Slot : kEarthSlot;
-    EXPECT_TRUE(SameBits(CachedSeries(FullStore(), slot, centuries, cache),
-                         EvaluateSeries(FullStore(), slot, centuries)));
-    EXPECT_TRUE(SameBits(EvaluateSunGeocentric(FullStore(), slot, centuries, cache),
-                         EvaluateSunGeocentric(FullStore(), slot, centuries)));
-    EXPECT_TRUE(SameBits(CachedNutation(centuries, cache), Nutation(centuries)));
+    EXPECT_TRUE(SameBytes(CachedSeries(FullStore(), slot, centuries, cache),
+                          EvaluateSeries(FullStore(), slot, centuries)));
+    EXPECT_TRUE(SameBytes(CachedSunGeocentric(FullStore(), slot, centuries, cache),
+                          EvaluateSunGeocentric(FullStore(), slot, centuries)));
+    EXPECT_TRUE(SameBytes(CachedNutation(centuries, cache), Nutation(centuries)));
   }
 }
 
 TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
   MomentCache cache;
-  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+  for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     CachedSeries(FullStore(), kEarthSlot, k, cache);
   }
   CachedNutation(0.5, cache);
-  for (MomentCache::Observer& kept : cache.observers) {
+  for (MomentCache::KeptPlace& kept : cache.places) {
     kept.place.radius = 1000.0 + kept.centuries;
   }
   cache.nutation.dpsi = 2000.0;
-  for (unsigned k = 0; k < MomentCache::kObserverCount; ++k) {
+  for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     EXPECT_EQ(CachedSeries(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
   }
   EXPECT_EQ(CachedNutation(0.5, cache).dpsi, 2000.0);
@@ -121,7 +117,7 @@ TEST(MomentCache, GivesZerosForASlotThatIsNotLoaded) {
   const EphemerisStore empty;
   MomentCache cache;
   CachedSeries(FullStore(), kEarthSlot, 0.25, cache);
-  EXPECT_TRUE(SameBits(CachedSeries(empty, kEarthSlot, 0.25, cache), {0.0, 0.0, 0.0}));
+  EXPECT_TRUE(SameBytes(CachedSeries(empty, kEarthSlot, 0.25, cache), Spherical{0.0, 0.0, 0.0}));
 }
 
 TEST(MomentCache, StartsEmptyForEveryMoment) {
@@ -141,9 +137,9 @@ TEST(MomentCache, StartsEmptyForEveryMoment) {
 
 // The two zeros are one key.
 TEST(MomentCache, MayAnswerMinusZeroFromZero) {
-  EXPECT_TRUE(SameBits(EvaluateSeries(FullStore(), kEarthSlot, -0.0),
-                       EvaluateSeries(FullStore(), kEarthSlot, 0.0)));
-  EXPECT_TRUE(SameBits(Nutation(-0.0), Nutation(0.0)));
+  EXPECT_TRUE(SameBytes(EvaluateSeries(FullStore(), kEarthSlot, -0.0),
+                        EvaluateSeries(FullStore(), kEarthSlot, 0.0)));
+  EXPECT_TRUE(SameBytes(Nutation(-0.0), Nutation(0.0)));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "support/archive_files.h"
+#include "support/expect_published.h"
 #include "support/full_store.h"
 #include "support/text_files.h"
 #include "time/julian_day.h"
@@ -19,9 +20,8 @@
 namespace zenithor {
 namespace {
 
+using testing::ExpectPublished;
 using testing::FullStore;
-using testing::Published;
-using testing::PublishedValue;
 
 constexpr double kMoments[] = {-40.0, -10.0, -1.0, -0.0721, 0.0, 0.25, 1.0, 10.0, 40.0};
 
@@ -103,21 +103,17 @@ TEST(SumStoredSeries, MeetsTheCheckValuesOfTheTheory) {
 TEST(SumStoredSeries, MeetsTheBookForVenusOf1992December20) {
   // Meeus, example 32.a: before the correction to the FK5, from a shortened series.
   const Spherical venus = SumStoredSeries(FullStore(), 2, JulianCenturies(2448976.5));
-  const PublishedValue longitude = Published("32.a", "HelioLongitude minus nutation");
-  const PublishedValue latitude = Published("32.a", "HelioLatitude");
-  const PublishedValue radius = Published("32.a", "HelioDistance");
-  EXPECT_NEAR(ReduceAngle(venus.longitude) * kDegreesPerRadian, longitude.value, longitude.allowed);
-  EXPECT_NEAR(venus.latitude * kDegreesPerRadian, latitude.value, latitude.allowed);
-  EXPECT_NEAR(venus.radius, radius.value, radius.allowed);
+  ExpectPublished("32.a", "HelioLongitude minus nutation",
+                  ReduceAngle(venus.longitude) * kDegreesPerRadian);
+  ExpectPublished("32.a", "HelioLatitude", venus.latitude * kDegreesPerRadian);
+  ExpectPublished("32.a", "HelioDistance", venus.radius);
 }
 
 TEST(SunGeocentric, MeetsTheBookFor1992October13) {
   // Meeus, example 25.b: the geometric place from the complete VSOP87, referred to the FK5.
   const Spherical sun = EvaluateSunGeocentric(FullStore(), kEarthSlot, JulianCenturies(2448908.5));
-  const PublishedValue longitude = Published("25.b", "GeoLongitude");
-  const PublishedValue distance = Published("25.b", "GeoDistance");
-  EXPECT_NEAR(sun.longitude * kDegreesPerRadian, longitude.value, longitude.allowed);
-  EXPECT_NEAR(sun.radius, distance.value, distance.allowed);
+  ExpectPublished("25.b", "GeoLongitude", sun.longitude * kDegreesPerRadian);
+  ExpectPublished("25.b", "GeoDistance", sun.radius);
 }
 
 TEST(SunGeocentric, IsOppositeTheEarthSeenFromTheSun) {

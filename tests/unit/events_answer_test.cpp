@@ -7,13 +7,14 @@
 #include "events/event_answer.h"
 #include "events/event_block.h"
 #include "events/event_table.h"
-#include "support/event_golden.h"
+#include "support/golden.h"
+#include "support/untouched.h"
 
 namespace zenithor {
 namespace {
 
 using testing::IsZeroBits;
-using testing::SameBits;
+using testing::SameBytes;
 using testing::UntouchedBlock;
 using testing::UntouchedEvents;
 
@@ -38,9 +39,9 @@ void ExpectOnly(const EventRecord& record, EventFamily family, int filled) {
   for (const BlockContents& row : kBlocks) {
     const EventTimeBlock& block = record.Blocks[row.block];
     if (row.family != family) {
-      EXPECT_TRUE(SameBits(block, UntouchedBlock())) << row.block << " was touched";
+      EXPECT_TRUE(SameBytes(block, UntouchedBlock())) << row.block << " was touched";
     } else if (row.block == filled || (filled >= 0 && row.kind == kAnyKind)) {
-      EXPECT_TRUE(SameBits(block, EventBlockAt(block.JulianDay))) << row.block;
+      EXPECT_TRUE(SameBytes(block, EventBlockAt(block.JulianDay))) << row.block;
       EXPECT_NE(block.JulianDay, 0.0) << row.block;
     } else {
       EXPECT_TRUE(IsZeroBits(block)) << row.block << " is not zeroed";
@@ -49,10 +50,11 @@ void ExpectOnly(const EventRecord& record, EventFamily family, int filled) {
 }
 
 TEST(EventExports, MeetTheGoldenAnswers) {
-  const testing::GoldenSummary summary =
-      testing::CheckGoldenEvents([](const testing::EventCall& call, EventRecord* record) {
-        return AnswerEvent(BlockOfExport(call.name), call.julian_day, call.selector, record);
-      });
+  golden::Functions functions;
+  functions.event = [](const golden::EventCall& call, EventRecord* record) {
+    return AnswerEvent(BlockOfExport(call.name), call.julian_day, call.selector, record);
+  };
+  const golden::Summary summary = testing::CheckGolden("events.tsv", functions);
   EXPECT_EQ(summary.cases, 768);
   EXPECT_EQ(summary.failures, 0) << summary.first_failure;
 }

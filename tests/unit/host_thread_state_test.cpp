@@ -7,7 +7,7 @@
 
 #include "entry/answers.h"
 #include "host/thread_state.h"
-#include "support/position_golden.h"
+#include "support/untouched.h"
 
 namespace zenithor {
 namespace {

@@ -10,6 +10,8 @@
 #include "moon/physical_ephemeris.h"
 #include "moon/physical_libration.h"
 #include "numerics/constants.h"
+#include "support/expect_published.h"
+#include "support/extended.h"
 #include "support/full_store.h"
 #include "support/text_files.h"
 #include "time/julian_day.h"
@@ -19,9 +21,10 @@
 namespace zenithor {
 namespace {
 
+using testing::ExpectPublished;
 using testing::FullStore;
+using testing::kExtendedDegree;
 using testing::Published;
-using testing::PublishedValue;
 
 constexpr double kExampleDay = 2448724.5;  // 1992 April 12, 0h TD
 constexpr double kEquatorInclination = 1.54242 * kRadiansPerDegree;
@@ -63,38 +66,32 @@ std::vector<double> SampleDays(int count = 1000) {
 // So many of them come close to the largest value that there is.
 constexpr int kManyDays = 30000;
 
-void ExpectDegrees(double radians, const PublishedValue& published) {
-  EXPECT_NEAR(radians * kDegreesPerRadian, published.value, published.allowed);
-}
-
 TEST(MoonPhysicalEphemeris, MeetsTheWorkedExamples) {
   const MoonPhysicalEphemeris physical = PhysicalOf(At(kExampleDay));
-  ExpectDegrees(physical.optical_libration_longitude,
-                Published("53.a", "optical libration in longitude"));
-  ExpectDegrees(physical.optical_libration_latitude,
-                Published("53.a", "optical libration in latitude"));
-  ExpectDegrees(physical.physical_libration_longitude,
-                Published("53.a", "physical libration in longitude"));
-  ExpectDegrees(physical.physical_libration_latitude,
-                Published("53.a", "physical libration in latitude"));
-  ExpectDegrees(physical.libration_longitude, Published("53.a", "libration in longitude"));
-  ExpectDegrees(physical.libration_latitude, Published("53.a", "libration in latitude"));
-  ExpectDegrees(physical.bright_limb_position_angle, Published("48.a", "bright limb"));
+  ExpectPublished("53.a", "optical libration in longitude",
+                  physical.optical_libration_longitude * kDegreesPerRadian);
+  ExpectPublished("53.a", "optical libration in latitude",
+                  physical.optical_libration_latitude * kDegreesPerRadian);
+  ExpectPublished("53.a", "physical libration in longitude",
+                  physical.physical_libration_longitude * kDegreesPerRadian);
+  ExpectPublished("53.a", "physical libration in latitude",
+                  physical.physical_libration_latitude * kDegreesPerRadian);
+  ExpectPublished("53.a", "libration in longitude",
+                  physical.libration_longitude * kDegreesPerRadian);
+  ExpectPublished("53.a", "libration in latitude", physical.libration_latitude * kDegreesPerRadian);
+  ExpectPublished("48.a", "bright limb", physical.bright_limb_position_angle * kDegreesPerRadian);
 
-  const auto axis = Published("53.a", "MoonAxisPositionAngle");
-  EXPECT_NEAR(physical.axis_position_angle, axis.value, axis.allowed);
-  const auto phase = Published("48.a", "MoonPhaseAngle");
-  EXPECT_NEAR(physical.phase_angle, phase.value, phase.allowed);
-  const auto fraction = Published("48.a", "MoonIlluminatedFraction");
-  EXPECT_NEAR(physical.illuminated_fraction, fraction.value, fraction.allowed);
+  ExpectPublished("53.a", "MoonAxisPositionAngle", physical.axis_position_angle);
+  ExpectPublished("48.a", "MoonPhaseAngle", physical.phase_angle);
+  ExpectPublished("48.a", "MoonIlluminatedFraction", physical.illuminated_fraction);
 }
 
 TEST(MoonPhysicalLibration, MeetsTheWorkedExample) {
   const Moment m = At(kExampleDay);
   const MoonPhysicalLibration libration = ComputeMoonPhysicalLibration(m.t, m.arguments);
-  ExpectDegrees(libration.rho, Published("53.a", "rho"));
-  ExpectDegrees(libration.sigma, Published("53.a", "sigma"));
-  ExpectDegrees(libration.tau, Published("53.a", "tau"));
+  ExpectPublished("53.a", "rho", libration.rho * kDegreesPerRadian);
+  ExpectPublished("53.a", "sigma", libration.sigma * kDegreesPerRadian);
+  ExpectPublished("53.a", "tau", libration.tau * kDegreesPerRadian);
 }
 
 // With the published argument Mprime - M - D in the twelfth term the example comes out as printed,
@@ -133,8 +130,8 @@ TEST(MoonPhysicalLibration, AgreesWithALongDoubleSumOverThePublishedTerms) {
         static_cast<long double>(a.Mprime),
         static_cast<long double>(a.F),
         static_cast<long double>(a.Omega),
-        (119.75L + 131.849L * static_cast<long double>(t)) * 3.14159265358979323846L / 180.0L,
-        (72.56L + 20.186L * static_cast<long double>(t)) * 3.14159265358979323846L / 180.0L};
+        (119.75L + 131.849L * static_cast<long double>(t)) * kExtendedDegree,
+        (72.56L + 20.186L * static_cast<long double>(t)) * kExtendedDegree};
     const auto sum_of = [&](const std::string& quantity) {
       long double sum = 0.0L;
       for (const auto& row : rows) {
@@ -149,7 +146,7 @@ TEST(MoonPhysicalLibration, AgreesWithALongDoubleSumOverThePublishedTerms) {
         const long double factor = row.at(10) == "1" ? static_cast<long double>(a.E) : 1.0L;
         sum += std::stold(row.at(1)) * function * factor;
       }
-      return static_cast<double>(sum * 3.14159265358979323846L / 180.0L);
+      return static_cast<double>(sum * kExtendedDegree);
     };
     const MoonPhysicalLibration libration = ComputeMoonPhysicalLibration(t, a);
     ASSERT_NEAR(libration.rho, sum_of("rho"), 1e-15) << t;
@@ -195,11 +192,25 @@ SkyAxes AxesAt(const Vector& place) {
 // degrees loses nothing; a thousandfold is allowed.
 constexpr double kVectorTolerance = 1e-12;
 
+Vector MoonOf(const Moment& m) { return Direction(m.moon.lambda, m.moon.beta); }
+
+// The Earth's longitude over the mean lunar globe, counted from the node of its equator [rad].
+double EarthFromTheNode(const Moment& m) {
+  // Axes of the lunar equator: toward the node, and at right angles to it.
+  const double node = m.arguments.Omega;
+  const Vector pole = LunarPole(node, kEquatorInclination);
+  const Vector to_node = Direction(node, 0.0);
+  const Vector across{pole.y * to_node.z - pole.z * to_node.y,
+                      pole.z * to_node.x - pole.x * to_node.z,
+                      pole.x * to_node.y - pole.y * to_node.x};
+  return std::atan2(Dot(MoonOf(m), across), Dot(MoonOf(m), to_node));
+}
+
 TEST(MoonPhysicalEphemeris, OpticalLibrationInLatitudeIsTheTiltOfThePole) {
   for (const double day : SampleDays()) {
     const Moment m = At(day);
     const Vector pole = LunarPole(m.arguments.Omega, kEquatorInclination);
-    const double tilt = -std::asin(Dot(pole, Direction(m.moon.lambda, m.moon.beta)));
+    const double tilt = -std::asin(Dot(pole, MoonOf(m)));
     ASSERT_NEAR(PhysicalOf(m).optical_libration_latitude, tilt, kVectorTolerance) << day;
   }
 }
@@ -207,18 +218,39 @@ TEST(MoonPhysicalEphemeris, OpticalLibrationInLatitudeIsTheTiltOfThePole) {
 TEST(MoonPhysicalEphemeris, OpticalLibrationInLongitudeIsTheEarthsPlaceOverTheMeanMeridian) {
   for (const double day : SampleDays()) {
     const Moment m = At(day);
-    // Axes of the lunar equator: toward the node, and at right angles to it.
-    const double node = m.arguments.Omega;
-    const Vector pole = LunarPole(node, kEquatorInclination);
-    const Vector to_node = Direction(node, 0.0);
-    const Vector across{pole.y * to_node.z - pole.z * to_node.y,
-                        pole.z * to_node.x - pole.x * to_node.z,
-                        pole.x * to_node.y - pole.y * to_node.x};
-    const Vector moon = Direction(m.moon.lambda, m.moon.beta);
-    const double from_node = std::atan2(Dot(moon, across), Dot(moon, to_node));
-    const double expected = std::remainder(from_node - m.arguments.F, kTwoPi);
+    const double expected = std::remainder(EarthFromTheNode(m) - m.arguments.F, kTwoPi);
     ASSERT_NEAR(PhysicalOf(m).optical_libration_longitude, expected, kVectorTolerance) << day;
     ASSERT_LT(std::fabs(expected) * kDegreesPerRadian, 9.0) << day;
+  }
+}
+
+TEST(MoonPhysicalEphemeris, PhysicalLibrationsTurnTheEarthsPlaceOverTheGlobe) {
+  for (const double day : SampleDays()) {
+    const Moment m = At(day);
+    const MoonPhysicalLibration libration = ComputeMoonPhysicalLibration(m.t, m.arguments);
+    // Of the Earth over the mean lunar globe: the longitude from the node and the latitude.
+    const double from_node = EarthFromTheNode(m);
+    const double latitude =
+        -std::asin(Dot(LunarPole(m.arguments.Omega, kEquatorInclination), MoonOf(m)));
+    const double along =
+        libration.rho * std::cos(from_node) + libration.sigma * std::sin(from_node);
+    const double across =
+        libration.sigma * std::cos(from_node) - libration.rho * std::sin(from_node);
+    const MoonPhysicalEphemeris physical = PhysicalOf(m);
+    ASSERT_NEAR(physical.physical_libration_longitude, -libration.tau + along * std::tan(latitude),
+                kVectorTolerance)
+        << day;
+    ASSERT_NEAR(physical.physical_libration_latitude, across, kVectorTolerance) << day;
+    ASSERT_EQ(physical.libration_longitude,
+              physical.optical_libration_longitude + physical.physical_libration_longitude);
+    ASSERT_EQ(physical.libration_latitude,
+              physical.optical_libration_latitude + physical.physical_libration_latitude);
+    // The same from the globe whose node and inclination sigma and rho have moved: the tilt of its
+    // pole, but for half the square of the node's motion (2 degrees) times the inclination.
+    const double sine = std::sin(kEquatorInclination);
+    const Vector pole =
+        LunarPole(m.arguments.Omega + libration.sigma / sine, kEquatorInclination + libration.rho);
+    ASSERT_NEAR(physical.libration_latitude, -std::asin(Dot(pole, MoonOf(m))), 1.7e-5) << day;
   }
 }
 

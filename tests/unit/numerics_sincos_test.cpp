@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "numerics/constants.h"
 #include "numerics/sincos.h"
 #include "numerics/sincos_kernel.h"
 #include "support/quadruple_cosine.h"
@@ -55,7 +56,7 @@ TEST(CosinesAndSines, AreWithinTheDerivedBoundOfTheTrueValue) {
 TEST(CosinesAndSines, AreWithinTheBoundBesideEveryStepAndHalfStepOfTheCircle) {
   std::vector<double> angles;
   for (int half_step = -1100; half_step <= 1100; ++half_step) {
-    const double x = half_step * (3.141592653589793 / 512);
+    const double x = half_step * (kPi / 512);
     for (const double beside : {std::nextafter(x, -1e9), x, std::nextafter(x, 1e9)}) {
       angles.push_back(beside);
     }

@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "numerics/circle.h"
+#include "numerics/angles.h"
 #include "numerics/constants.h"
 #include "orbits/conic.h"
 #include "time/constants.h"
@@ -158,7 +158,7 @@ TEST(PropagateConic, TurnsTheOrbitByItsNodeAndInclination) {
   EXPECT_NEAR(PropagateConic(0.0, record).longitude * kDegreesPerRadian, 390.0, 1e-12);
 }
 
-// The bare iterations, given up after some thousand steps: the result, or not-a-number.
+// The bare iterations, given up after some thousand steps: the result, or NaN.
 constexpr int kPlainLimit = 5000;
 
 double PlainParabola(double w) {

@@ -8,14 +8,15 @@
 
 #include "numerics/constants.h"
 #include "orbits/whole_nutation.h"
+#include "support/expect_published.h"
 #include "support/text_files.h"
+#include "time/constants.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
 namespace {
 
-using testing::Published;
-using testing::PublishedValue;
+using testing::ExpectPublished;
 
 NutationAngles At(double julian_day) {
   NutationCache cache;
@@ -26,15 +27,13 @@ NutationAngles At(double julian_day) {
 TEST(WholeNutation, MeetsTheBook) {
   // Meeus, example 22.a, computed there with the same theory.
   const NutationAngles nutation = At(2446895.5);
-  const PublishedValue dpsi = Published("22.a", "dpsi");
-  const PublishedValue deps = Published("22.a", "deps");
-  EXPECT_NEAR(nutation.dpsi / kRadiansPerArcsecond, dpsi.value, dpsi.allowed);
-  EXPECT_NEAR(nutation.deps / kRadiansPerArcsecond, deps.value, deps.allowed);
+  ExpectPublished("22.a", "dpsi", nutation.dpsi / kRadiansPerArcsecond);
+  ExpectPublished("22.a", "deps", nutation.deps / kRadiansPerArcsecond);
 }
 
 // Straight from the published table, one sine and one cosine a term.
 NutationAngles Direct(double julian_day) {
-  const double t = (julian_day - 2451545.0) / 36525.0;
+  const double t = (julian_day - kJ2000) / kDaysPerCentury;
   const double arcseconds[] = {485866.733 + 1717915922.633 * t + 31.31 * t * t + 0.064 * t * t * t,
                                1287099.804 + 129596581.224 * t - 0.577 * t * t - 0.012 * t * t * t,
                                335778.877 + 1739527263.137 * t - 13.257 * t * t + 0.011 * t * t * t,

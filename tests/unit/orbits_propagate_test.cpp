@@ -15,24 +15,55 @@
 namespace zenithor {
 namespace {
 
+void ExpectElements(const OrbitalElementRecord& actual, const OrbitalElementRecord& listed) {
+  EXPECT_EQ(actual.epoch, listed.epoch);
+  EXPECT_EQ(actual.inclination, listed.inclination);
+  EXPECT_EQ(actual.node, listed.node);
+  EXPECT_EQ(actual.argument_of_perihelion, listed.argument_of_perihelion);
+  EXPECT_EQ(actual.semi_major_axis, listed.semi_major_axis);
+  EXPECT_EQ(actual.daily_motion, listed.daily_motion);
+  EXPECT_EQ(actual.eccentricity, listed.eccentricity);
+  EXPECT_EQ(actual.mean_anomaly, listed.mean_anomaly);
+  EXPECT_EQ(actual.equinox, listed.equinox);
+  EXPECT_EQ(actual.absolute_magnitude, listed.absolute_magnitude);
+  EXPECT_EQ(actual.semidiameter, listed.semidiameter);
+  EXPECT_EQ(actual.series, listed.series);
+  EXPECT_EQ(actual.mean_longitude, listed.mean_longitude);
+  EXPECT_EQ(actual.radius, listed.radius);
+  EXPECT_EQ(actual.unused, listed.unused);
+}
+
+// Every element, written down once more and by its name.
 TEST(ElementRecords, StartAsListed) {
+  OrbitalElementRecord earth{};
+  earth.epoch = 2446800.5;
+  earth.argument_of_perihelion = 102.884;
+  earth.semi_major_axis = 0.999999;
+  earth.daily_motion = 0.985611;
+  earth.eccentricity = 0.016713;
+  earth.mean_anomaly = 1.1791;
+  earth.equinox = 2446800.5;
+  earth.absolute_magnitude = -3.86;
+  earth.series = &kEarthMoonBarycentreSeries;
   const OrbitsState state;
+  ExpectElements(state.earth, earth);
   EXPECT_STREQ(state.earth.name, "Earth          ");
+
+  OrbitalElementRecord pluto{};
+  pluto.epoch = 2446640.5;
+  pluto.inclination = 17.1346;
+  pluto.node = 110.204;
+  pluto.argument_of_perihelion = 114.21;
+  pluto.semi_major_axis = 39.4633;
+  pluto.daily_motion = 0.0039757;
+  pluto.eccentricity = 0.248662;
+  pluto.mean_anomaly = 355.0554;
+  pluto.equinox = 2446640.5;
+  pluto.absolute_magnitude = -1.0;
+  pluto.semidiameter = 2.07;
+  pluto.series = &kPlutoSeries;
+  ExpectElements(state.pluto, pluto);
   EXPECT_STREQ(state.pluto.name, "Pluto          ");
-  EXPECT_EQ(sizeof state.earth.name, 16u);
-  EXPECT_EQ(state.earth.epoch, 2446800.5);
-  EXPECT_EQ(state.earth.equinox, 2446800.5);
-  EXPECT_EQ(state.earth.semi_major_axis, 0.999999);
-  EXPECT_EQ(state.earth.absolute_magnitude, -3.86);
-  EXPECT_EQ(state.earth.series, &kEarthMoonBarycentreSeries);
-  EXPECT_EQ(state.pluto.epoch, 2446640.5);
-  EXPECT_EQ(state.pluto.eccentricity, 0.248662);
-  EXPECT_EQ(state.pluto.mean_anomaly, 355.0554);
-  EXPECT_EQ(state.pluto.semidiameter, 2.07);
-  EXPECT_EQ(state.pluto.series, &kPlutoSeries);
-  EXPECT_EQ(state.pluto.mean_longitude, 0.0);
-  EXPECT_EQ(state.pluto.radius, 0.0);
-  EXPECT_EQ(state.pluto.unused, 0.0);
 }
 
 TEST(PropagateBody, TheSeriesWayRewritesFourFieldsOfTheRecord) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "numerics/constants.h"
 #include "orbits/mean_elements.h"
@@ -50,9 +51,68 @@ TEST(MeanElements, AgreeWithTheMoonsArgumentsOfTheBook) {
   expect(kMoonLatitudeArgument, 219.889721, 0.1);
 }
 
+// Mean longitude or argument: A + B T + the powers from T^2 up [arcsec].
+struct ArgumentPolynomial {
+  Argument argument;
+  double constant;
+  double rate;
+  std::vector<long double> higher;
+};
+
+TEST(MeanElements, MeetASecondEvaluationTenThousandYearsFromJ2000) {
+  // So far away every coefficient is felt: the smallest, of the tenth power, by 1.6".
+  const ArgumentPolynomial polynomials[] = {
+      {kEarthMeanLongitude, 361679.198, 129597742.283429, {-0.0204411L, -5.23e-6L}},
+      {kMoonElongation,
+       1072261.2202445078,
+       1602961600.9939659,
+       {-6.735220237445752L, 0.006949274683605842L, -3.702060118571e-5L, 2.560078201452e-9L,
+        2.555243317839e-11L, -3.207663637426e-13L}},
+      {kMoonLatitudeArgument,
+       335779.5141288474,
+       1739527262.8437717,
+       {-13.117809789650071L, -0.0007531187848233799L, -2.165750777942e-6L, -2.790392351314e-9L,
+        4.189032191814e-11L, 4.474984866301e-13L}},
+      {kSunAnomaly,
+       1287102.7407441526,
+       129596581.0230432,
+       {-0.5528130642178309L, 8.74737173673247e-5L, -1.1297037031e-5L, -4.77258489e-8L,
+        8.8555011e-11L, 4.237343e-13L, -3.83508e-15L, -1.039e-17L, 1.62e-20L}},
+      {kMoonAnomaly,
+       485868.17465825332,
+       1717915922.8846793,
+       {31.501359071894147L, 5.2099641302735818e-02L, -2.536291235258e-04L, -2.506365935364e-08L,
+        3.452144225877e-11L, -1.755312760154e-12L}},
+      {kMoonMeanLongitude,
+       785939.8092105242,
+       1732564372.0442266,
+       {-5.65504600274714L, 6.901724852838049e-03L, -6.073960534117e-05L, -1.024222633731e-08L,
+        2.235210987108e-10L, 7.200592540556e-14L}},
+  };
+  for (const double t : {-100.0, -37.5, 100.0}) {
+    double arguments[kArgumentLimit] = {};
+    FillMeanElements(kJ2000 + kDaysPerCentury * t, arguments);
+    for (const ArgumentPolynomial& polynomial : polynomials) {
+      // The linear part, up to 1.7e11", is a double: its last bit is 3e-5".
+      const double linear = polynomial.rate * t + polynomial.constant;
+      long double expected = std::remainder(static_cast<long double>(linear), 1296000.0L);
+      long double power = t;
+      for (const long double coefficient : polynomial.higher) {
+        power *= t;
+        expected += coefficient * power;
+      }
+      const long double actual =
+          static_cast<long double>(arguments[polynomial.argument - 1]) / kRadiansPerArcsecond;
+      // The last bit of an argument of up to 3e6", and of the steps to it.
+      EXPECT_NEAR(static_cast<double>(std::remainder(actual - expected, 1296000.0L)), 0.0, 2e-9)
+          << polynomial.argument << " at " << t;
+    }
+  }
+}
+
 TEST(MeanElements, TheEarthsLongitudeIsThatOfTheRateTable) {
   double arguments[kArgumentLimit] = {};
-  FillMeanElements(kJ2000 + 36525.0, arguments);
+  FillMeanElements(kJ2000 + kDaysPerCentury, arguments);
   const double difference =
       std::remainder(arguments[kEarthMeanLongitude - 1] - PlanetMeanLongitude(3, 0.01), kTwoPi);
   // The phases differ by 0.0466"; after a century the list adds its -0.0204" T^2.
@@ -61,7 +121,8 @@ TEST(MeanElements, TheEarthsLongitudeIsThatOfTheRateTable) {
 
 void FillEveryPlanet(double julian_day, SeriesScratch& scratch) {
   for (int planet = 1; planet <= 9; ++planet) {
-    scratch.arguments[planet - 1] = PlanetMeanLongitude(planet, (julian_day - kJ2000) / 3652500.0);
+    scratch.arguments[planet - 1] =
+        PlanetMeanLongitude(planet, (julian_day - kJ2000) / (100.0 * kDaysPerCentury));
   }
 }
 

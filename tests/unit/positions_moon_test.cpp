@@ -1,15 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 #include "moon/lunar_series.h"
 #include "numerics/constants.h"
 #include "positions/moon_position.h"
 #include "support/full_store.h"
-#include "support/position_golden.h"
+#include "support/same_bytes.h"
 #include "support/text_files.h"
+#include "support/untouched.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
 #include "time/nutation.h"
@@ -21,6 +21,7 @@ namespace {
 using testing::FullStore;
 using testing::kUntouchedDouble;
 using testing::Published;
+using testing::SameBytes;
 using testing::UntouchedRecord;
 
 constexpr double kExampleDay = 2448724.5;  // 1992 April 12, 0h TD
@@ -30,10 +31,6 @@ BodyPositionRecord MoonAt(double julian_day) {
   MomentCache cache;
   ComputeMoonPosition(FullStore(), julian_day, 0.0, 0.0, cache, record);
   return record;
-}
-
-bool SameBytes(const BodyPositionRecord& a, const BodyPositionRecord& b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 TEST(MoonDriver, MeetsTheWorkedExamples) {

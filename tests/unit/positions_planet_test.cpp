@@ -10,8 +10,10 @@
 #include "positions/planet_position.h"
 #include "positions/position.h"
 #include "positions/stored_angles.h"
+#include "support/expect_published.h"
 #include "support/full_store.h"
-#include "support/position_golden.h"
+#include "support/text_files.h"
+#include "support/untouched.h"
 #include "time/aberration.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
@@ -21,10 +23,9 @@
 namespace zenithor {
 namespace {
 
+using testing::ExpectPublished;
 using testing::FullStore;
 using testing::kUntouchedDouble;
-using testing::Published;
-using testing::PublishedValue;
 using testing::UntouchedRecord;
 
 BodyPositionRecord PlanetAt(double julian_day, BodyCode code) {
@@ -32,11 +33,6 @@ BodyPositionRecord PlanetAt(double julian_day, BodyCode code) {
   MomentCache cache;
   ComputePlanetPosition(FullStore(), julian_day, 0.0, 0.0, code, cache, record);
   return record;
-}
-
-void ExpectPublished(const char* example, const char* quantity, double actual) {
-  const PublishedValue book = Published(example, quantity);
-  EXPECT_NEAR(actual, book.value, book.allowed) << example << " " << quantity;
 }
 
 // 1992 October 13, 0h dynamical time, with the complete VSOP87.

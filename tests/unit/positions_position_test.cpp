@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "support/full_store.h"
-#include "support/position_golden.h"
+#include "support/golden.h"
+#include "support/same_bytes.h"
+#include "support/untouched.h"
 #include "time/obliquity.h"
 
 namespace zenithor {
@@ -16,6 +17,7 @@ namespace {
 using testing::FullStore;
 using testing::kUntouchedDouble;
 using testing::kUntouchedInteger;
+using testing::SameBytes;
 using testing::UntouchedRecord;
 
 double Position(const EphemerisStore& store, double julian_day, BodyCode code,
@@ -24,19 +26,15 @@ double Position(const EphemerisStore& store, double julian_day, BodyCode code,
   return ComputePosition(store, state, julian_day, 0.0, 0.0, code, record);
 }
 
-bool SameBytes(const BodyPositionRecord& a, const BodyPositionRecord& b) {
-  return std::memcmp(&a, &b, sizeof a) == 0;
-}
-
 TEST(Position, MeetsTheGoldenAnswersOfEveryBody) {
-  const testing::GoldenSummary summary = testing::CheckGoldenPositions(
-      [](const testing::PositionCall& call, BodyPositionRecord* record) {
-        PositionState state;
-        return ComputePosition(FullStore(), state, call.julian_day, call.observer_longitude,
-                               call.observer_latitude, call.code, record);
-      },
-      [](BodyCode) { return true; });
-  EXPECT_GT(summary.cases, 0);
+  golden::Functions functions;
+  functions.position = [](const golden::PositionCall& call, BodyPositionRecord* record) {
+    PositionState state;
+    return ComputePosition(FullStore(), state, call.julian_day, call.observer_longitude,
+                           call.observer_latitude, call.code, record);
+  };
+  const golden::Summary summary = testing::CheckGolden("positions.tsv", functions);
+  EXPECT_EQ(summary.cases, 2072);
   EXPECT_EQ(summary.failures, 0) << summary.first_failure;
 }
 

@@ -70,6 +70,16 @@ TEST(DayStart, TheLastInstantBeforeMidnightIsStillTheDay) {
   EXPECT_EQ(DaysToDayStart(-denormal, 1440.0 * denormal), StartOf(0));
   EXPECT_EQ(DaysToDayStart(-denormal, 1439.0 * denormal), StartOf(-1));
   EXPECT_EQ(DaysToDayStart(std::nextafter(7.0, 0.0), 0.0), StartOf(6));
+  // Here the sum rounds to a whole day even in extended precision; what rounding takes off tells on
+  // which side it lies.
+  const double last_fraction = std::nextafter(1.0, 0.0);
+  const double rest = 1440.0 * 0x1p-53;
+  EXPECT_EQ(DaysToDayStart(last_fraction, rest), StartOf(1));
+  EXPECT_EQ(DaysToDayStart(last_fraction, std::nextafter(rest, 0.0)), StartOf(0));
+  EXPECT_EQ(DaysToDayStart(last_fraction, std::nextafter(rest, 1.0)), StartOf(1));
+  EXPECT_EQ(DaysToDayStart(-last_fraction, -rest), StartOf(-1));
+  EXPECT_EQ(DaysToDayStart(-last_fraction, -std::nextafter(rest, 0.0)), StartOf(-1));
+  EXPECT_EQ(DaysToDayStart(-last_fraction, -std::nextafter(rest, 1.0)), StartOf(-2));
 }
 
 TEST(DayStart, TakesDaysOutOfTheMinutes) {

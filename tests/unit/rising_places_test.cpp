@@ -164,8 +164,8 @@ TEST(RisingMoon, KeptOnPurposeTheMoonIsWithoutNutation) {
 double LaterBy(double seconds, const RiseSetProblem& moon) {
   const double rate =
       ReduceAngleSigned(moon.alpha.after - moon.alpha.before) / 2.0;  // [rad per day]
-  const double sidereal_day = 6.300388092591991;
-  return seconds / 86400.0 * rate / (sidereal_day - rate) * 1440.0;
+  const double turned = 360.985647 * kRadiansPerDegree;               // by the Earth in a day
+  return seconds / 86400.0 * rate / (turned - rate) * 1440.0;
 }
 
 TEST(RisingDay, KeptOnPurposeDeltaTCountsTwice) {
@@ -174,8 +174,8 @@ TEST(RisingDay, KeptOnPurposeDeltaTCountsTwice) {
   const RiseSetProblem moon = MoonRiseSetProblem(request);
   const RisingDay day = FindRisingDay(request);
   EXPECT_EQ(moon.delta_t, DeltaT(day.centuries));
-  EXPECT_NEAR((PlaceCenturies(day, 1) - day.start_centuries) * 36525.0 * 86400.0, moon.delta_t,
-              1e-5);
+  EXPECT_NEAR((PlaceCenturies(day, 1) - day.start_centuries) * kDaysPerCentury * 86400.0,
+              moon.delta_t, 1e-5);
   RiseSetProblem once = moon;
   once.delta_t = 0.0;
   const double moved = (SolveRiseSet(moon).transit - SolveRiseSet(once).transit) / kTwoPi * 1440.0;

@@ -11,6 +11,7 @@
 #include "rising/rising_planet.h"
 #include "rising/settle.h"
 #include "support/full_store.h"
+#include "time/constants.h"
 #include "time/nutation.h"
 #include "time/obliquity.h"
 #include "time/sidereal_time.h"
@@ -19,6 +20,8 @@ namespace zenithor {
 namespace {
 
 using testing::FullStore;
+
+constexpr double kSiderealRate = 6.300388092591991;  // [rad/day], 360.985647 degrees
 
 RiseSetProblem Pose(const RisingRequest& request) {
   MomentCache cache;
@@ -79,7 +82,7 @@ class Sky {
   double SiderealTimeAtStart() const { return theta0_; }
 
   double HourAngle(double m) const {
-    const double theta = theta0_ + 6.300388092591991 * m;
+    const double theta = theta0_ + kSiderealRate * m;
     return ReduceAngleSigned(theta - p_.longitude - Interpolate(alpha_, m + p_.delta_t / 86400.0));
   }
 
@@ -133,8 +136,8 @@ BareTimes SolveBare(const RiseSetProblem& p, int limit,
     return off /
            (kTwoPi * std::cos(sky.Declination(m)) * std::cos(phi) * std::sin(sky.HourAngle(m)));
   };
-  m0 = BareLoop(
-      m0, [&](double m) { return -sky.HourAngle(m) / kTwoPi; }, limit);
+  const auto transit_correction = [&](double m) { return -sky.HourAngle(m) / kTwoPi; };
+  m0 = BareLoop(m0, transit_correction, limit);
   m1 = BareLoop(m1, altitude_correction, limit);
   m2 = BareLoop(m2, altitude_correction, limit);
   const auto into_day = [](double m) { return m < 0.0 ? m + 1.0 : (m > 1.0 ? m - 1.0 : m); };
@@ -186,8 +189,8 @@ TEST(EventSolver, EveryTimeThatSettlesIsToTheBitThatOfTheBareIteration) {
 // Meeus, example 15.a: Venus at Boston, 1988 March 20, from the book's own coordinates.
 RiseSetProblem VenusAtBoston() {
   RiseSetProblem problem{};
-  problem.day_start_days = 2447240.5 - 2451545.0;
-  problem.day_start_centuries = problem.day_start_days / 36525.0;
+  problem.day_start_days = 2447240.5 - kJ2000;
+  problem.day_start_centuries = problem.day_start_days / kDaysPerCentury;
   problem.delta_t = 56.0;
   const double degree = kRadiansPerDegree;
   problem.alpha = {40.68021 * degree, 41.73129 * degree, 42.78204 * degree};
@@ -279,8 +282,8 @@ TEST(EventSolver, TheZonesDayBeginsAtItsOwnMidnight) {
 }
 
 TEST(EventSolver, KeptOnPurposeTheTransitMayLieOutsideTheDay) {
-  // Thirty days of the Moon at 170 degrees west: where Meeus would take one transit of each day,
-  // some lie after the day's end, none is brought back.
+  // Sixty days of the Moon at 170 degrees east and west: where Meeus would take one transit of each
+  // day, some lie before its beginning or after its end; none is brought back.
   double lowest = 720.0;
   double highest = 720.0;
   for (int day = 0; day < 60; ++day) {
@@ -380,13 +383,13 @@ TEST(EventSolver, KeptOnPurposeSiderealTimeIsMean) {
     problem.alpha = {1.0, 1.0, 1.0};
     problem.delta = {0.3, 0.3, 0.3};
     problem.day_start_days = day + 0.5;
-    problem.day_start_centuries = problem.day_start_days / 36525.0;
+    problem.day_start_centuries = problem.day_start_days / kDaysPerCentury;
     const double t = problem.day_start_centuries;
     // Meeus, formula 12.4.
     const double mean = (280.46061837 + 360.98564736629 * problem.day_start_days +
                          0.000387933 * t * t - t * t * t / 38710000.0) *
                         kRadiansPerDegree;
-    const double turned = mean + 6.300388092591991 * SolveRiseSet(problem).transit / kTwoPi;
+    const double turned = mean + kSiderealRate * SolveRiseSet(problem).transit / kTwoPi;
     // The last correction, at most 0.0002 day, leaves 0.0027 of itself.
     EXPECT_NEAR(ReduceAngleSigned(turned - problem.longitude - 1.0), 0.0, 4e-6) << day;
     largest = std::fmax(largest, std::fabs(Nutation(t).dpsi * std::cos(MeanObliquity(t))));

@@ -57,12 +57,6 @@ TEST(Settle, FindsCyclesOfAnyLengthAfterAnyApproach) {
   }
 }
 
-TEST(Settle, DoesNotTakeAZeroOfTheOtherSignForARepetition) {
-  EXPECT_FALSE(SameBits(0.0, -0.0));
-  EXPECT_TRUE(SameBits(-0.0, -0.0));
-  EXPECT_FALSE(SameBits(1.0, std::nextafter(1.0, 2.0)));
-}
-
 TEST(Settle, WaitsForAnIterationThatSettlesLate) {
   // One step per unit, far from any repetition, to the last step allowed.
   const double last = kGiveUpSteps - 1;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "support/expect_published.h"
 #include "support/text_files.h"
 #include "time/delta_t.h"
 #include "time/julian_day.h"
@@ -10,12 +11,13 @@
 namespace zenithor {
 namespace {
 
+using testing::ExpectPublished;
+
 double AtYear(double year) { return DeltaT((year - 2000.0) / 100.0); }
 
 TEST(DeltaT, MeetsTheBookIn1977) {
   // Meeus, example 10.a: 1977 February 18 (Julian day 2443192.65), +47.6 s.
-  const testing::PublishedValue published = testing::Published("10.a", "DeltaT");
-  EXPECT_NEAR(DeltaT(JulianCenturies(2443192.65)), published.value, published.allowed);
+  ExpectPublished("10.a", "DeltaT", DeltaT(JulianCenturies(2443192.65)));
 }
 
 TEST(DeltaT, GoesThroughEveryValueOfTheTable) {

@@ -26,7 +26,7 @@ TEST(JulianCenturies, CountsFromJ2000) {
 // One multiplication by a reciprocal held in extended precision rounds like one division.
 TEST(JulianCenturies, EqualsTheQuotientForWholeAndHalfDays) {
   for (double day = 1e6; day < 4e6; day += 4999.5) {
-    ASSERT_EQ(JulianCenturies(day), (day - kJ2000) / 36525.0) << day;
+    ASSERT_EQ(JulianCenturies(day), (day - kJ2000) / kDaysPerCentury) << day;
   }
 }
 
@@ -126,9 +126,14 @@ TEST(JulianDayOfYearStart, TakesTheJulianCalendarUntil1582) {
   ExpectDate(JulianDayOfYearStart(1583), 1582, 12, 31.0);
 }
 
-TEST(JulianDayOfYearStart, IsDefinedForEveryYear) {
-  EXPECT_TRUE(std::isfinite(JulianDayOfYearStart(std::numeric_limits<std::int32_t>::min())));
-  EXPECT_TRUE(std::isfinite(JulianDayOfYearStart(std::numeric_limits<std::int32_t>::max())));
+TEST(JulianDayOfYearStart, OfTheFarthestYearsIsThatOfTheirCalendars) {
+  // Meeus, chapter 7, in whole numbers: 365.25 days a year in the Julian calendar, three leap days
+  // in four centuries left out in the Gregorian one.
+  const std::int64_t last = std::int64_t{std::numeric_limits<std::int32_t>::max()} - 1;
+  EXPECT_EQ(JulianDayOfYearStart(std::numeric_limits<std::int32_t>::max()),
+            static_cast<double>(365 * last + last / 4 - last / 100 + last / 400) + 1721424.5);
+  EXPECT_NEAR(JulianDayOfYearStart(std::numeric_limits<std::int32_t>::min()),
+              -2147483648.0 * 365.25 + 1721056.5, 2.0);
 }
 
 }  // namespace

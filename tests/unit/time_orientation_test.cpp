@@ -6,6 +6,7 @@
 
 #include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "support/expect_published.h"
 #include "support/text_files.h"
 #include "time/constants.h"
 #include "time/julian_day.h"
@@ -17,8 +18,7 @@
 namespace zenithor {
 namespace {
 
-using testing::Published;
-using testing::PublishedValue;
+using testing::ExpectPublished;
 
 constexpr double k1987April10 = 2446895.5;
 
@@ -27,9 +27,8 @@ TEST(MeanObliquity, OfJ2000IsTheConstantOfThePolynomial) {
 }
 
 TEST(MeanObliquity, MeetsTheBook) {
-  const PublishedValue book = Published("22.a", "epsilon0");
-  EXPECT_NEAR(MeanObliquity(JulianCenturies(k1987April10)) * kDegreesPerRadian, book.value,
-              book.allowed);
+  ExpectPublished("22.a", "epsilon0",
+                  MeanObliquity(JulianCenturies(k1987April10)) * kDegreesPerRadian);
 }
 
 TEST(CachedObliquity, RecomputesNothingForTheSameDay) {
@@ -65,10 +64,8 @@ TEST(KeptOnPurpose, TheTwoObliquitiesDiffer) {
 
 TEST(Nutation, MeetsTheBook) {
   const NutationAngles nutation = Nutation(JulianCenturies(k1987April10));
-  const PublishedValue dpsi = Published("22.a", "dpsi");
-  const PublishedValue deps = Published("22.a", "deps");
-  EXPECT_NEAR(nutation.dpsi / kRadiansPerArcsecond, dpsi.value, dpsi.allowed);
-  EXPECT_NEAR(nutation.deps / kRadiansPerArcsecond, deps.value, deps.allowed);
+  ExpectPublished("22.a", "dpsi", nutation.dpsi / kRadiansPerArcsecond);
+  ExpectPublished("22.a", "deps", nutation.deps / kRadiansPerArcsecond);
 }
 
 TEST(Nutation, OfJ2000IsBelowATenthOfAMilliradian) {
@@ -85,9 +82,8 @@ TEST(Nutation, OfJ2000IsBelowATenthOfAMilliradian) {
 }
 
 TEST(GreenwichMeanSiderealTime, MeetsTheBookAtZeroHours) {
-  const PublishedValue book = Published("12.a", "mean at 0h UT");
   const double theta = GreenwichMeanSiderealTime(k1987April10, JulianCenturies(k1987April10));
-  EXPECT_NEAR(ReduceAngle(theta) * kHoursPerRadian, book.value, book.allowed);
+  ExpectPublished("12.a", "mean at 0h UT", ReduceAngle(theta) * kHoursPerRadian);
 }
 
 // Meeus, example 12.b: 1987 April 10 at 19h21m00s UT, 8h34m57.0896s.
@@ -102,10 +98,21 @@ TEST(GreenwichMeanSiderealTime, MeetsTheBookAtAnyInstant) {
 TEST(ObserverGeocentricTerms, MeetTheBook) {
   const double latitude = (33.0 + 21.0 / 60.0 + 22.0 / 3600.0) * kRadiansPerDegree;
   const ObserverTerms observer = ObserverGeocentricTerms(latitude, 1706.0);
-  const PublishedValue sine = Published("11.a", "rho sin phi");
-  const PublishedValue cosine = Published("11.a", "rho cos phi");
-  EXPECT_NEAR(observer.rho_sin_phi, sine.value, sine.allowed);
-  EXPECT_NEAR(observer.rho_cos_phi, cosine.value, cosine.allowed);
+  ExpectPublished("11.a", "rho sin phi", observer.rho_sin_phi);
+  ExpectPublished("11.a", "rho cos phi", observer.rho_cos_phi);
+}
+
+TEST(ObserverGeocentricTerms, OfASatelliteHaveItsHeightInEquatorialRadii) {
+  // Meeus, chapter 11, formulas with the IAU ellipsoid of 1976: 6378140 m and 1 / 298.257.
+  const long double latitude = 0.75L;
+  const long double axes = 1.0L - 1.0L / 298.257L;
+  const long double u = std::atan(axes * std::tan(latitude));
+  const long double height = 1e6L / 6378140.0L;
+  const ObserverTerms observer = ObserverGeocentricTerms(0.75, 1e6);
+  EXPECT_NEAR(observer.rho_cos_phi, static_cast<double>(std::cos(u) + height * std::cos(latitude)),
+              3e-16);
+  EXPECT_NEAR(observer.rho_sin_phi,
+              static_cast<double>(axes * std::sin(u) + height * std::sin(latitude)), 3e-16);
 }
 
 TEST(ObserverGeocentricTerms, OfTheEquatorAreOneAndZero) {
@@ -134,10 +141,8 @@ TEST(ParallaxRectangular, MeetsTheBook) {
   double distance = 1.0;
   ParallaxRectangular(mars.parallax_sine, mars.sidereal_time, mars.observer, mars.alpha, mars.delta,
                       distance);
-  const PublishedValue alpha = Published("40.a", "alpha");
-  const PublishedValue delta = Published("40.a", "delta");
-  EXPECT_NEAR(mars.alpha * kDegreesPerRadian, alpha.value, alpha.allowed);
-  EXPECT_NEAR(mars.delta * kDegreesPerRadian, delta.value, delta.allowed);
+  ExpectPublished("40.a", "alpha", mars.alpha * kDegreesPerRadian);
+  ExpectPublished("40.a", "delta", mars.delta * kDegreesPerRadian);
 }
 
 TEST(Parallax, ItsThreeFormsAgreeForMars) {

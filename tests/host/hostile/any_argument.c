@@ -1,4 +1,4 @@
-/* A host that passes anything: not-a-number, infinities, denormals, huge numbers and the extreme
+/* A host that passes anything: NaN, infinities, denormals, huge numbers and the extreme
  * integers in every argument of every export. Each call returns within a bounded time, writes
  * nothing outside its record, gives the same bits again, and leaves the host's state alone.
  *   any_argument LIBRARY [RANDOM CALLS PER EXPORT] */

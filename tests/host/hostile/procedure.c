@@ -1,6 +1,6 @@
 /* A host that declares the functions as procedures: the result stays behind, on 32-bit in an x87
  * register. Eight such calls fill the register stack of a library that does not empty it, and the
- * arithmetic of both sides turns into not-a-number. */
+ * arithmetic of both sides turns into NaN. */
 
 #include <math.h>
 
