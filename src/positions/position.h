@@ -10,9 +10,9 @@ namespace zenithor {
 
 // What places keep from call to call; one per thread. Constant-initialized.
 struct PositionState {
-  OrbitsState orbits;  // Pluto's
-  MomentCache moment;  // what the bodies of one moment share
-  PlaceMemory places;  // the latest place of each body, of those who ask field by field
+  OrbitsState orbits;             // Pluto's
+  MomentCache moment;             // what the bodies of one moment share
+  PlaceMemory* places = nullptr;  // where field by field is asked; without it nothing is kept
 };
 
 // Where a body stands: the call handed to the driver of its code, with the calendar fields that

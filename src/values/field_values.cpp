@@ -49,8 +49,14 @@ void ComputePlaceAt(const EphemerisStore& store, PositionState& state, int body,
   place.julian_day = done == ZENITHOR_DONE ? julian_day : KeptPlace::kNever;
 }
 
-KeptPlace& PlaceAt(const EphemerisStore& store, PositionState& state, int body, double julian_day) {
-  KeptPlace& kept = state.places.bodies[body];
+// Where the place of a body is kept; `spare` for callers who keep nothing.
+KeptPlace& MemoryOf(PositionState& state, int body, KeptPlace& spare) {
+  return state.places == nullptr ? spare : state.places->bodies[body];
+}
+
+KeptPlace& PlaceAt(const EphemerisStore& store, PositionState& state, int body, double julian_day,
+                   KeptPlace& spare) {
+  KeptPlace& kept = MemoryOf(state, body, spare);
   if (kept.julian_day != julian_day) {
     ComputePlaceAt(store, state, body, julian_day, kept);
   }
@@ -82,8 +88,8 @@ void TurnToEcliptic(double julian_day, MomentCache& cache, KeptPlace& place) {
 
 // PlaceAt with the apparent longitude and latitude.
 const KeptPlace& EclipticPlaceAt(const EphemerisStore& store, PositionState& state, int body,
-                                 double julian_day) {
-  KeptPlace& place = PlaceAt(store, state, body, julian_day);
+                                 double julian_day, KeptPlace& spare) {
+  KeptPlace& place = PlaceAt(store, state, body, julian_day, spare);
   if (place.ecliptic_day != julian_day) {
     TurnToEcliptic(julian_day, state.moment, place);
   }
@@ -99,8 +105,8 @@ double RatePerStep(double step_change, double two_step_change) {
 constexpr double kMotionStep = 0.0625;  // [day]
 
 const KeptPlace& MotionAt(const EphemerisStore& store, PositionState& state, int body,
-                          double julian_day) {
-  KeptPlace& kept = state.places.bodies[body];
+                          double julian_day, KeptPlace& spare) {
+  KeptPlace& kept = MemoryOf(state, body, spare);
   if (kept.motion_day == julian_day) {
     return kept;
   }
@@ -137,11 +143,13 @@ double AngleBetween(const Equatorial& a, const Equatorial& b) {
 
 double ElongationAt(const EphemerisStore& store, PositionState& state, int body,
                     double julian_day) {
+  KeptPlace spare_sun;
+  const Equatorial sun = PlaceAt(store, state, ZENITHOR_BODY_SUN, julian_day, spare_sun).apparent;
   if (body == ZENITHOR_BODY_SUN) {
-    return std::isnan(PlaceAt(store, state, body, julian_day).apparent.alpha) ? kNone : 0.0;
+    return std::isnan(sun.alpha) ? kNone : 0.0;
   }
-  const Equatorial sun = PlaceAt(store, state, ZENITHOR_BODY_SUN, julian_day).apparent;
-  return AngleBetween(PlaceAt(store, state, body, julian_day).apparent, sun);
+  KeptPlace spare;
+  return AngleBetween(PlaceAt(store, state, body, julian_day, spare).apparent, sun);
 }
 
 double DirectionOf(double motion) {
@@ -199,21 +207,22 @@ double RecordField(const BodyPositionRecord& record, int field) {
 // Of a field that the body has, at a finite moment.
 double FieldValue(const EphemerisStore& store, PositionState& state, int body, int field,
                   double julian_day) {
+  KeptPlace spare;
   switch (field) {
     case ZENITHOR_FIELD_APPARENT_LONGITUDE:
-      return EclipticPlaceAt(store, state, body, julian_day).apparent_longitude;
+      return EclipticPlaceAt(store, state, body, julian_day, spare).apparent_longitude;
     case ZENITHOR_FIELD_APPARENT_LATITUDE:
-      return EclipticPlaceAt(store, state, body, julian_day).apparent_latitude;
+      return EclipticPlaceAt(store, state, body, julian_day, spare).apparent_latitude;
     case ZENITHOR_FIELD_LONGITUDE_MOTION:
-      return MotionAt(store, state, body, julian_day).longitude_motion;
+      return MotionAt(store, state, body, julian_day, spare).longitude_motion;
     case ZENITHOR_FIELD_DECLINATION_MOTION:
-      return MotionAt(store, state, body, julian_day).declination_motion;
+      return MotionAt(store, state, body, julian_day, spare).declination_motion;
     case ZENITHOR_FIELD_ELONGATION:
       return ElongationAt(store, state, body, julian_day);
     case ZENITHOR_FIELD_DIRECTION:
-      return DirectionOf(MotionAt(store, state, body, julian_day).longitude_motion);
+      return DirectionOf(MotionAt(store, state, body, julian_day, spare).longitude_motion);
     default: {
-      const KeptPlace& place = PlaceAt(store, state, body, julian_day);
+      const KeptPlace& place = PlaceAt(store, state, body, julian_day, spare);
       return place.julian_day == julian_day ? RecordField(place.record, field) : kNone;
     }
   }

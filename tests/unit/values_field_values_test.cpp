@@ -55,7 +55,9 @@ const double kDays[] = {2460000.5, 2451545.0,  2299160.5, 990557.5,  3182029.4, 
                         -1401.5,   2433282.42, -1e7,      5373484.5, 2147483647.5, 1e15};
 
 TEST(FieldValues, AreThoseOfTheRecordToTheBit) {
+  PlaceMemory memory;
   PositionState kept;
+  kept.places = &memory;
   int compared = 0;
   for (const double day : kDays) {
     for (int body = 0; body < ZENITHOR_BODY_COUNT; ++body) {
@@ -104,7 +106,9 @@ TEST(FieldValues, AreNoneWithoutData) {
 
 TEST(FieldValues, DoNotDependOnTheOrderOfQuestions) {
   std::uint64_t random = 1;
+  PlaceMemory memory;
   PositionState kept;
+  kept.places = &memory;
   for (int k = 0; k < 3000; ++k) {
     random = random * 6364136223846793005U + 1442695040888963407U;
     const int body = static_cast<int>((random >> 33) % 11);

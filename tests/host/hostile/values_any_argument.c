@@ -7,9 +7,12 @@
 
 #include "values_hostile.h"
 
-enum { kRandomCalls = 1500, kHostsErrno = 12345 };
+enum { kRandomCalls = 1500, kRandomSearches = 60, kHostsErrno = 12345 };
 static const double kLongestCall = 10.0; /* seconds of processor time */
 static double longest;
+
+/* A search may go through six thousand years. */
+static int IsSearch(int function) { return function >= 24 && function <= 32; }
 
 static void CheckAny(int function, const ValueArguments* arguments) {
   static ValueAnswer first;
@@ -28,7 +31,7 @@ static void CheckAny(int function, const ValueArguments* arguments) {
 }
 
 static void CheckExtremes(int function) {
-  for (int base = 0; base < 3; ++base) {
+  for (int base = 0; base < (IsSearch(function) ? 1 : 3); ++base) {
     const ValueArguments ordinary = OrdinaryValueArguments(function, (uint64_t)base);
     for (int d = 0; d < 4; ++d) {
       for (int k = 0; k < kExtremeDoubleCount; ++k) {
@@ -57,7 +60,8 @@ static void CheckExtremes(int function) {
 
 static void CheckRandom(int function) {
   uint64_t random = (uint64_t)function + 1;
-  for (int k = 0; k < kRandomCalls; ++k) {
+  const int calls = IsSearch(function) ? kRandomSearches : kRandomCalls;
+  for (int k = 0; k < calls; ++k) {
     ValueArguments arguments = OrdinaryValueArguments(function, (uint64_t)k);
     for (int change = 0; change < 2; ++change) {
       const uint64_t bits = NextRandom(&random);
