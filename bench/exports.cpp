@@ -183,12 +183,13 @@ void TimeTerms(const EphemerisStore& store, const char* data_set) {
   std::printf("\n%-28s %10s %10s %8s %8s %8s   [nanoseconds per term]\n", data_set, "plain",
               "library", "ratio", "terms", "freq.");
   const EphemerisStore plain = Plain(store);
+  static SumRoom room;
   for (int slot = 0; slot < kSlotCount; ++slot) {
     const auto s = static_cast<std::size_t>(slot);
     const int terms = store.bodies[s].term_count;
     const std::vector<double> times = TimeInTurn(
         {[&](int call) { sink = SumStoredSeries(plain, slot, Centuries(call)).radius; },
-         [&](int call) { sink = SumStoredSeries(store, slot, Centuries(call)).radius; }});
+         [&](int call) { sink = SumStoredSeries(store, slot, Centuries(call), &room).radius; }});
     const double scale = 1000.0 / terms;
     std::printf("%-28s %10.2f %10.2f %8.1f %8d %8d\n", slot == 0 ? "Earth J2000.0" : kNames[slot],
                 times[0] * scale, times[1] * scale, times[0] / times[1], terms,

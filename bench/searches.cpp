@@ -23,6 +23,8 @@ PositionState position_state;
 SearchStores StoresOf(const benchmark::State& state) {
   static EphemerisStore guide;
   static GuideRooms rooms;
+  static SumRoom room;
+  position_state.moment.room = &room;
   if (!IsLoaded(guide, kEarthSlot)) {
     MakeGuide(testing::FullStore(), guide, rooms);
   }

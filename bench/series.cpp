@@ -21,6 +21,8 @@ using testing::FullStore;
 
 constexpr int kMars = 4;
 
+SumRoom room;
+
 void BM_MarsPlain(benchmark::State& state) {
   double centuries = 0.0;
   for (auto _ : state) {
@@ -33,7 +35,7 @@ void BM_MarsSse2(benchmark::State& state) {
   double sums[kSeriesCount];
   double millennia = 0.0;
   for (auto _ : state) {
-    SumTracksSse2(FullStore().bodies[kMars].tracks, millennia += 1e-6, sums);
+    SumTracksSse2(FullStore().bodies[kMars].tracks, millennia += 1e-6, room, sums);
     benchmark::DoNotOptimize(sums);
   }
 }
@@ -48,12 +50,22 @@ void BM_MarsAvx2(benchmark::State& state) {
   double sums[kSeriesCount];
   double millennia = 0.0;
   for (auto _ : state) {
-    SumTracksAvx2(FullStore().bodies[kMars].tracks, millennia += 1e-6, sums);
+    SumTracksAvx2(FullStore().bodies[kMars].tracks, millennia += 1e-6, room, sums);
     benchmark::DoNotOptimize(sums);
   }
 }
 BENCHMARK(BM_MarsAvx2);
 #endif
+
+void BM_MarsWithoutRoom(benchmark::State& state) {
+  double sums[kSeriesCount];
+  double millennia = 0.0;
+  for (auto _ : state) {
+    SumTracks(FullStore().bodies[kMars].tracks, millennia += 1e-6, nullptr, sums);
+    benchmark::DoNotOptimize(sums);
+  }
+}
+BENCHMARK(BM_MarsWithoutRoom);
 
 void BM_Nutation(benchmark::State& state) {
   double centuries = 0.0;

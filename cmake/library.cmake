@@ -31,6 +31,8 @@ if(WIN32)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     set(image_base 0x6A000000)
     set(machine i386)
+    # No exception handler lies in it, so the system accepts none from it.
+    target_link_options(zenithor PRIVATE -Wl,--no-seh)
   else()
     set(image_base 0x36A000000)
     set(machine i386:x86-64)
@@ -69,4 +71,7 @@ else()
   set_target_properties(zenithor PROPERTIES LINK_DEPENDS ${PROJECT_BINARY_DIR}/zenithor.map)
   target_link_options(zenithor PRIVATE -Wl,--version-script=${PROJECT_BINARY_DIR}/zenithor.map
     -Wl,-z,defs -Wl,-z,relro,-z,now)
+  # The system's start files are not marked for control-flow enforcement, and the mark of a library
+  # is that of all its parts; nothing in it needs them.
+  target_link_options(zenithor PRIVATE -nostartfiles)
 endif()

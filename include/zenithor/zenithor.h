@@ -12,6 +12,9 @@
  *   - 0.0 means "no answer": the record is untouched, or (event functions) the block read back was
  *     not filled by this call.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
+ *   - A call from a signal or exception handler that interrupted a call on the same thread is
+ *     answered rightly, too, but this is no use the library is made for: see the host guide.
+ *   - A call needs ZENITHOR_STACK_BYTES of stack. It never ends the process for want of memory.
  *   - The caller's processor state does not matter. x87 control word, MXCSR, direction flag and
  *     errno come back as they were; the x87 register stack comes back empty (but for the result)
  *     and no x87 exception flag is set.
@@ -72,6 +75,11 @@ enum {
   ZENITHOR_PLUTO = 9,
   ZENITHOR_MOON = 10
 };
+
+/* A call touches at most so many bytes of the caller's stack, on every platform; what the system
+ * puts there for a signal or an exception comes on top. On Linux a thread's own data lie on its
+ * stack too: 28 KB for a thread are enough. */
+#define ZENITHOR_STACK_BYTES 16384
 
 /* ZENITHOR returns this once the record is written; 0.0 says that nothing was written. */
 #define ZENITHOR_DONE 323.0
@@ -424,20 +432,55 @@ ZENITHOR_INLINE void ZenithorClose(ZenithorLibrary* library) {
   memset(library, 0, sizeof *library);
 }
 
-/* Loads the library from `path` (null: ZENITHOR_LIBRARY_NAME, by the system's search order) and
- * finds its functions. Returns 1, or 0 with every member null where the library cannot be loaded
+#if defined(_WIN32)
+/* The library beside the program. Null where there is none; GetLastError says why. */
+ZENITHOR_INLINE HMODULE ZenithorLoadBesideProgram(void) {
+  wchar_t path[2048];
+  const DWORD capacity = (DWORD)(sizeof path / sizeof path[0]);
+  const DWORD name_size = (DWORD)(sizeof ZENITHOR_LIBRARY_NAME / sizeof path[0]);
+  DWORD length = GetModuleFileNameW(NULL, path, capacity);
+  if (length == 0 || length >= capacity) {
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return NULL;
+  }
+  while (length > 0 && path[length - 1] != L'\\') {
+    --length;
+  }
+  if (length + name_size > capacity) {
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return NULL;
+  }
+  memcpy(path + length, ZENITHOR_LIBRARY_NAME, name_size * sizeof path[0]);
+  return LoadLibraryW(path);
+}
+
+/* The library by its plain name: in the program's folder, in the folders that the program has named
+ * with AddDllDirectory, in the system's. Neither in the current directory, which may be one of
+ * chart files that somebody sent, nor in those of PATH. Systems that cannot be told so (Windows 7
+ * without its updates) are given the full path beside the program. */
+ZENITHOR_INLINE HMODULE ZenithorLoadByName(void) {
+  /* LOAD_LIBRARY_SEARCH_APPLICATION_DIR, _USER_DIRS and _SYSTEM32 */
+  const HMODULE handle = LoadLibraryExW(ZENITHOR_LIBRARY_NAME, NULL, 0x200 | 0x400 | 0x800);
+  if (handle == NULL && GetLastError() == ERROR_INVALID_PARAMETER) {
+    return ZenithorLoadBesideProgram();
+  }
+  return handle;
+}
+#endif
+
+/* Loads the library from `path`, best a full one, and finds its functions. Null looks for
+ * ZENITHOR_LIBRARY_NAME: on Windows in the program's own folder and in the system's (see
+ * ZenithorLoadByName), on Linux by the dynamic linker's order; in neither case in the current
+ * directory. Returns 1, or 0 with every member null where the library cannot be loaded
  * (GetLastError or dlerror says why) or does not export ZENITHOR. The data files are read here, and
  * the warning about a missing one is shown here. A 32-bit process loads the 32-bit library. */
 ZENITHOR_INLINE int ZenithorOpen(ZenithorLibrary* library, const ZenithorPathCharacter* path) {
   void* handle;
   memset(library, 0, sizeof *library);
-  if (path == NULL) {
-    path = ZENITHOR_LIBRARY_NAME;
-  }
 #if defined(_WIN32)
-  handle = (void*)LoadLibraryW(path);
+  handle = (void*)(path == NULL ? ZenithorLoadByName() : LoadLibraryW(path));
 #else
-  handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+  handle = dlopen(path == NULL ? ZENITHOR_LIBRARY_NAME : path, RTLD_NOW | RTLD_LOCAL);
 #endif
   if (handle == NULL) {
     return 0;

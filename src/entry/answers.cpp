@@ -10,14 +10,14 @@ namespace zenithor {
 double AnswerPosition(double julian_day, double observer_longitude, double observer_latitude,
                       BodyCode code, BodyPositionRecord* record) {
   CallState state;
-  return ComputePosition(ProcessStore(), state.Get().position, julian_day, observer_longitude,
+  return ComputePosition(ProcessStore(), state.Get(), julian_day, observer_longitude,
                          observer_latitude, code, record);
 }
 
 double AnswerRising(double day_number, double minutes, double zone_hours, double longitude_west,
                     double latitude, BodyCode code, int32_t selector) {
   CallState state;
-  return ComputeRising(ProcessStore(), state.Get().position.moment,
+  return ComputeRising(ProcessStore(), state.Get().moment,
                        {day_number, minutes, zone_hours, longitude_west, latitude, code}, selector);
 }
 

@@ -1,6 +1,11 @@
 // Library load on Linux: the data are looked for in $XDG_DATA_HOME, else in ~/.local/share, with
 // the same two levels below it as on Windows; the warning goes to standard error.
 
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -25,18 +30,49 @@ char* Joined(const char* first, const char* second, const char* third) {
 }
 
 // A file below the folder for application data, on the heap; null where there is no such folder.
+// The environment of a process that runs with more rights than its caller is not followed, and a
+// relative XDG_DATA_HOME is no folder (XDG Base Directory Specification: it is ignored).
 char* DataPath(const char* file) {
-  const char* const data_home = std::getenv("XDG_DATA_HOME");
-  if (data_home != nullptr && data_home[0] != '\0') {
+  const char* const data_home = secure_getenv("XDG_DATA_HOME");
+  if (data_home != nullptr && data_home[0] == '/') {
     return Joined(data_home, "", file);
   }
-  const char* const home = std::getenv("HOME");
+  const char* const home = secure_getenv("HOME");
   return home == nullptr || home[0] == '\0' ? nullptr : Joined(home, "/.local/share", file);
 }
 
+// Whether descriptor 2 can be standard error, and a line on it neither overwrites something, nor
+// waits, nor ends the process. A descriptor that the program was started with is not close-on-exec;
+// a log is written at its end, while of a host's own file that got the number 2 the end is rarely
+// where it stands.
+bool CanWarn() {
+  const int descriptor_flags = fcntl(STDERR_FILENO, F_GETFD);
+  const int status_flags = fcntl(STDERR_FILENO, F_GETFL);
+  struct stat status {};
+  if (descriptor_flags < 0 || (descriptor_flags & FD_CLOEXEC) != 0 || status_flags < 0 ||
+      fstat(STDERR_FILENO, &status) != 0) {
+    return false;
+  }
+  if (S_ISREG(status.st_mode)) {
+    return (status_flags & O_ACCMODE) != O_RDONLY &&
+           ((status_flags & O_APPEND) != 0 || lseek(STDERR_FILENO, 0, SEEK_CUR) == status.st_size);
+  }
+  if (!S_ISFIFO(status.st_mode) && isatty(STDERR_FILENO) == 0) {
+    return false;
+  }
+  pollfd written = {STDERR_FILENO, POLLOUT, 0};  // not where the pipe is full or has no reader
+  return poll(&written, 1, 0) == 1 && written.revents == POLLOUT;
+}
+
+// The host's FILE for standard error may be closed or buffered, so it is not used.
 void WarnMissingFile() {
-  static_cast<void>(
-      std::fprintf(stderr, "%s: %s\n", zenithor::kMissingFileCaption, zenithor::kMissingFileText));
+  char line[128];
+  const int length = std::snprintf(line, sizeof line, "%s: %s\n", zenithor::kMissingFileCaption,
+                                   zenithor::kMissingFileText);
+  if (CanWarn()) {
+    [[maybe_unused]] const ssize_t written =
+        write(STDERR_FILENO, line, static_cast<std::size_t>(length));
+  }
 }
 
 __attribute__((constructor)) void LoadFromApplicationData() {

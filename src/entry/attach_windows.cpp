@@ -70,7 +70,21 @@ char* ReaderName(const wchar_t* folder, const wchar_t* file) {
   return Narrow(CP_UTF8, wide);
 }
 
+// Whether somebody may see a window of this process. A service's window station shows nothing, and
+// a box on it waits for ever. Where the system does not say, as if one might.
+bool IsSeen() {
+  USEROBJECTFLAGS flags = {};
+  return GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags,
+                                   nullptr) == FALSE ||
+         (flags.dwFlags & WSF_VISIBLE) != 0;
+}
+
+// The box holds up the load until somebody answers it. Where nobody can, there is none and the load
+// goes on.
 void WarnMissingFile() {
+  if (!IsSeen()) {
+    return;
+  }
   MessageBoxA(nullptr, zenithor::kMissingFileText, zenithor::kMissingFileCaption, kWarningBox);
 }
 

@@ -25,7 +25,9 @@ TermTracks ArrangeTerms(const SeriesTerm* terms, std::int32_t term_count,
 bool CanSumTracks(const TermTracks& tracks, double millennia);
 
 // The sums of A cos(B + C t) of the series L0..L5, B0..B5 [rad] and R0..R5 [au], each one running
-// sum in the stored order, at a time that CanSumTracks allows.
-void SumTracks(const TermTracks& tracks, double millennia, double (&sums)[kSeriesCount]);
+// sum in the stored order, at a time that CanSumTracks allows. Without room (null) it takes several
+// times as long for the same bits.
+void SumTracks(const TermTracks& tracks, double millennia, SumRoom* room,
+               double (&sums)[kSeriesCount]);
 
 }  // namespace zenithor

@@ -8,8 +8,8 @@
 
 namespace zenithor {
 
-void SumTracksAvx2(const TermTracks& tracks, double millennia, double* sums) {
-  WalkTracks<FourInQuad>(tracks, millennia, sums);
+void SumTracksAvx2(const TermTracks& tracks, double millennia, SumRoom& room, double* sums) {
+  WalkTracks<FourInQuad>(tracks, millennia, room, sums);
   _mm256_zeroupper();
 }
 

@@ -8,7 +8,9 @@
 
 #include <cstdlib>
 #else
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace zenithor {
@@ -45,11 +47,12 @@ bool FileExists(const char* name) {
 }
 
 std::FILE* OpenForReading(const char* name) {
-  if (std::FILE* const file = std::fopen(name, "rb")) {
+  // N: child processes do not inherit it.
+  if (std::FILE* const file = std::fopen(name, "rbN")) {
     return file;
   }
   return WithWideName(name, static_cast<std::FILE*>(nullptr),
-                      [](const wchar_t* wide) { return _wfopen(wide, L"rb"); });
+                      [](const wchar_t* wide) { return _wfopen(wide, L"rbN"); });
 }
 
 #else
@@ -60,12 +63,20 @@ bool FileExists(const char* name) {
 }
 
 std::FILE* OpenForReading(const char* name) {
-  // A directory opens for reading here, but cannot be read; a pipe waits until somebody writes.
-  struct stat status = {};
-  if (stat(name, &status) != 0 || !S_ISREG(status.st_mode)) {
+  // Without O_NONBLOCK a pipe would wait until somebody writes; a directory opens for reading here,
+  // but cannot be read. What was opened is what is looked at: the name may be another's by then.
+  const int descriptor = open(name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (descriptor < 0) {
     return nullptr;
   }
-  return std::fopen(name, "rb");
+  struct stat status = {};
+  std::FILE* const file = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)
+                              ? fdopen(descriptor, "rbe")
+                              : nullptr;
+  if (file == nullptr) {
+    close(descriptor);
+  }
+  return file;
 }
 
 #endif

@@ -11,7 +11,8 @@ namespace zenithor {
 // Whether something of that name exists; it need not be readable, nor an ordinary file.
 bool FileExists(const char* name);
 
-// Opens an ordinary file for binary reading; null when that fails, also for a directory.
+// Opens an ordinary file for binary reading; null when that fails, also for a directory. Programs
+// that the host starts do not inherit it.
 std::FILE* OpenForReading(const char* name);
 
 }  // namespace zenithor

@@ -85,7 +85,9 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
 
   BodyIndexRecord& record = body.index;
   if (std::fseek(store.index_stream, slot * static_cast<long>(sizeof record), SEEK_SET) == 0) {
-    static_cast<void>(std::fread(&record, 1, sizeof record, store.index_stream));
+    // What an index file that ends early does not give stays zero.
+    [[maybe_unused]] const std::size_t read =
+        std::fread(&record, 1, sizeof record, store.index_stream);
   }
   const long first = record.series[0].first_term;
   const std::int32_t total = TotalTermCount(record);

@@ -28,6 +28,7 @@ struct MomentCache {
   unsigned oldest_place = 0;           // index of the one to be replaced next
   double nutation_centuries = kNever;  // T
   NutationAngles nutation{0.0, 0.0};
+  SumRoom* room = nullptr;  // to sum series in; null where the thread has none
 };
 
 // EvaluateSeries(store, slot, centuries), from the cache where it holds that.

@@ -49,7 +49,7 @@ void SumPlainly(const BodySeries& body, double t, double (&sums)[kSeriesCount]) 
 
 }  // namespace
 
-Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries) {
+Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries, SumRoom* room) {
   if (!IsLoaded(store, slot)) {
     return {0.0, 0.0, 0.0};
   }
@@ -57,7 +57,7 @@ Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centurie
   const BodySeries& body = store.bodies[slot];
   double sums[kSeriesCount];
   if (CanSumTracks(body.tracks, t)) {
-    SumTracks(body.tracks, t, sums);
+    SumTracks(body.tracks, t, room, sums);
   } else {
     SumPlainly(body, t, sums);
   }
@@ -75,20 +75,21 @@ Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centurie
   return {coordinates[0], coordinates[1], coordinates[2]};
 }
 
-Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries) {
+Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries, SumRoom* room) {
   if (!IsLoaded(store, slot)) {
     return {0.0, 0.0, 0.0};
   }
-  Spherical place = SumStoredSeries(store, slot, centuries);
+  Spherical place = SumStoredSeries(store, slot, centuries, room);
   // Kept on purpose: the longitude is not reduced again after the correction; down to -0.1".
   place.longitude = ReduceAngle(place.longitude);
   CorrectToFk5(Millennia(centuries), place);
   return place;
 }
 
-Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries) {
+Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries, SumRoom* room) {
   constexpr int kPlutoCode = 9;
-  return code == kPlutoCode ? EvaluatePluto(centuries) : EvaluateSeries(store, code, centuries);
+  return code == kPlutoCode ? EvaluatePluto(centuries)
+                            : EvaluateSeries(store, code, centuries, room);
 }
 
 Spherical SunSeenFrom(const Spherical& body) {

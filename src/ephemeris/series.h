@@ -14,18 +14,23 @@ namespace zenithor {
 // worst; docs/accuracy.md). Data that karvo has thinned are as coarse as their manifest says.
 // Source: P. Bretagnon, G. Francou, Planetary theories in rectangular and spherical variables:
 // VSOP87 solutions, Astronomy and Astrophysics 202 (1988); Meeus, chapters 32 and 37.
+//
+// `room` is working memory for the sum; without it the same bits take several times as long.
 
 // The place of the body `code`: 9 is Pluto from its table (ecliptic and equinox J2000.0), any other
 // the series of that slot.
-Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries);
+Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries,
+                       SumRoom* room = nullptr);
 
 // The stored series of `slot` (0 to 8) corrected to the FK5 frame. A slot that is not loaded, or
 // does not exist, gives zeros. L may lie a few milliarcseconds outside [0, 2 pi).
-Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries);
+Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries,
+                         SumRoom* room = nullptr);
 
 // The stored series alone, before any reduction or frame correction: L grows with T. Zeros for a
 // slot that is not loaded.
-Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries);
+Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centuries,
+                          SumRoom* room = nullptr);
 
 // The Sun as seen from the body of `slot`, geometric; its longitude in [0, 2 pi).
 Spherical EvaluateSunGeocentric(const EphemerisStore& store, int slot, double centuries);

@@ -18,7 +18,7 @@ constexpr int kTrackCount = 4;
 constexpr int kMostEnds = 18;  // one a series
 
 // A body with more frequencies than this is not arranged; the full series have at most 1504.
-constexpr int kMostFrequencies = 2048;
+constexpr int kMostFrequencies = 1536;
 
 // The vector lane in which a track's sum is kept.
 constexpr int kLaneOfTrack[kTrackCount] = {0, 2, 1, 3};
@@ -28,6 +28,12 @@ struct SeriesEnd {
   std::int32_t step;    // 1 to the number of terms of the longest track
   std::int16_t lane;    // 0 to 3
   std::int16_t series;  // 0 to 17: L0..L5, B0..B5, R0..R5
+};
+
+// Room for the cosine and the sine of every frequency of a body while it is summed. Twenty-four
+// kilobytes, so not on the stack of whoever calls: a host's thread may have little more.
+struct SumRoom {
+  alignas(64) double cosine_sine[2 * kMostFrequencies];
 };
 
 struct TermTracks {

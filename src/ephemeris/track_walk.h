@@ -10,9 +10,9 @@ namespace zenithor {
 
 // What SumTracks chooses from by the processor; the same bits from either. `sums` holds one double
 // for each series.
-void SumTracksSse2(const TermTracks& tracks, double millennia, double* sums);
+void SumTracksSse2(const TermTracks& tracks, double millennia, SumRoom& room, double* sums);
 #ifdef __x86_64__
-void SumTracksAvx2(const TermTracks& tracks, double millennia, double* sums);
+void SumTracksAvx2(const TermTracks& tracks, double millennia, SumRoom& room, double* sums);
 #endif
 
 // One term of every track: (A cos B) cos(C t) + (-A sin B) sin(C t), added to the track's sum.
@@ -48,9 +48,20 @@ ZENITHOR_KERNEL void StoreSums(FourInQuad sum, double* lanes) { _mm256_storeu_pd
 
 #endif
 
+// Hands over the sum of the series that ends; the next series of its track starts from 0.
 template <class Four>
-ZENITHOR_KERNEL void WalkTracks(const TermTracks& tracks, double millennia, double* sums) {
-  alignas(64) double cosine_sine[2 * kMostFrequencies];
+ZENITHOR_KERNEL void EndSeries(SeriesEnd end, Four& sum, double* sums) {
+  alignas(16) double lanes[4];
+  StoreSums(sum, lanes);
+  sums[end.series] = lanes[end.lane];
+  lanes[end.lane] = 0.0;
+  LoadFour(lanes, sum);
+}
+
+template <class Four>
+ZENITHOR_KERNEL void WalkTracks(const TermTracks& tracks, double millennia, SumRoom& room,
+                                double* sums) {
+  double* const cosine_sine = room.cosine_sine;
   Four t;
   Repeat(millennia, t);
   for (std::int32_t k = 0; k < tracks.frequency_count; k += 4) {
@@ -70,11 +81,7 @@ ZENITHOR_KERNEL void WalkTracks(const TermTracks& tracks, double millennia, doub
     for (; step < end.step; ++step, products += 2 * kTrackCount, indices += kTrackCount) {
       AddStep(cosine_sine, products, indices, sum);
     }
-    alignas(16) double lanes[4];
-    StoreSums(sum, lanes);
-    sums[end.series] = lanes[end.lane];
-    lanes[end.lane] = 0.0;
-    LoadFour(lanes, sum);
+    EndSeries(end, sum, sums);
   }
 }
 

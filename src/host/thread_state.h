@@ -9,29 +9,30 @@ namespace zenithor {
 // What the library keeps from call to call: one set per thread.
 struct ThreadState {
   PositionState position;
+  SumRoom room;                   // position.moment.room of a set that a thread has
+  volatile bool in_call = false;  // by a call of this thread that has not returned
 };
 
 // The calling thread's own set, made on the thread's first call and released when the thread ends.
 // Null where the process has no per-thread slot or no memory left.
 ThreadState* FindThreadState();
 
-// The set that one export works on: looked up once and handed on. Where the thread cannot have one
-// of its own, a fresh one that serves this call only: the same answers, nothing is kept.
+// What one export works on: looked up once and handed on. Where the thread cannot have a set of its
+// own, or a signal or exception handler calls while it is in use, a fresh one that serves this call
+// only: the same answers, nothing is kept, and the kept set is left alone.
 class CallState {
  public:
-  CallState() : state_(FindThreadState()) {
-    if (state_ == nullptr) {
-      state_ = new (spare_) ThreadState;
-    }
-  }
+  CallState();
+  ~CallState();
   CallState(const CallState&) = delete;
   CallState& operator=(const CallState&) = delete;
 
-  ThreadState& Get() { return *state_; }
+  PositionState& Get() { return *position_; }
 
  private:
-  ThreadState* state_;
-  alignas(ThreadState) unsigned char spare_[sizeof(ThreadState)];
+  ThreadState* own_;  // null while the spare one serves
+  PositionState* position_;
+  alignas(PositionState) unsigned char spare_[sizeof(PositionState)];
 };
 
 }  // namespace zenithor

@@ -22,7 +22,7 @@ PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, Bo
   Spherical body{0.0, 0.0, 0.0};
   if (code != ZENITHOR_SUN) {
     body = code == ZENITHOR_EARTH ? CachedSeries(store, kEarthSlot, t, cache)
-                                  : EvaluateBody(store, code, t);
+                                  : EvaluateBody(store, code, t, cache.room);
     out.heliocentric = {body.longitude + out.nutation.dpsi, body.latitude, body.radius};
   }
 
@@ -37,7 +37,7 @@ PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, Bo
       if (code != ZENITHOR_SUN) {
         // Kept on purpose: light time from the geometric distance, once, the observer left in
         // place.
-        body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu);
+        body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu, cache.room);
         place = GeocentricPosition(body, observer);
       }
       out.apparent = EclipticToEquatorial(place.longitude + out.nutation.dpsi, place.latitude,

@@ -114,9 +114,10 @@ Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
                                          state.universal_day, state.observer);
 
   // Kept on purpose: the vector is that of the true equator, the rotation that of the mean
-  // obliquity; against the true ecliptic of date the longitude is up to 3.0" off, the
-  // latitude 9.9". Kept on purpose: the distance is that of the place which the light left, up
-  // to 1.7e-4 au from the geometric one.
+  // obliquity; against the true ecliptic of date the longitude is up to 3.0" off, the latitude up
+  // to 9.9".
+  // Kept on purpose: the distance is that of the place which the light left, up to 1.7e-4 au from
+  // the geometric one.
   p = state.geometry.earth_object * p;
   const Spherical geocentric = EclipticPlaceOfDate(julian_day, p, state.obliquity);
   record.GeoLongitude = geocentric.longitude * kDegreesPerRadian;

@@ -30,8 +30,8 @@ double Obliquity(BodyCode code, double centuries) {
 // 0.1 for the planets, up to latitude 50.
 Equatorial GeometricPlace(const EphemerisStore& store, BodyCode code, double centuries,
                           double epsilon, MomentCache& cache) {
-  const Spherical body =
-      code == ZENITHOR_SUN ? Spherical{0.0, 0.0, 0.0} : EvaluateBody(store, code, centuries);
+  const Spherical body = code == ZENITHOR_SUN ? Spherical{0.0, 0.0, 0.0}
+                                              : EvaluateBody(store, code, centuries, cache.room);
   const Spherical observer = CachedSeries(store, ObserverSlot(code), centuries, cache);
   const Spherical place = GeocentricPosition(body, observer);
   return EclipticToEquatorial(place.longitude, place.latitude, epsilon);
@@ -43,9 +43,10 @@ Equatorial ApparentPlace(const EphemerisStore& store, BodyCode code, const Risin
   const double t = day.centuries;
   const NutationAngles nutation = CachedNutation(t, cache);
   const Spherical observer = CachedSeries(store, ObserverSlot(code), t, cache);
-  Spherical place = GeocentricPosition(EvaluateBody(store, code, t), observer);
+  Spherical place = GeocentricPosition(EvaluateBody(store, code, t, cache.room), observer);
   const double distance = place.radius;
-  place = GeocentricPosition(EvaluateBody(store, code, t - distance * kLightTimePerAu), observer);
+  place = GeocentricPosition(EvaluateBody(store, code, t - distance * kLightTimePerAu, cache.room),
+                             observer);
 
   // Kept on purpose: for Pluto the equinox of J2000.0 is taken for that of date; 2.1 minutes in
   // 2026, 19 in 1736.

@@ -20,21 +20,21 @@ SearchStores Stores() {
 int32_t AnswerDirectedCrossings(int32_t body, int32_t field, double target, double from, double to,
                                 double* days, int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindCrossings(Stores(), state.Get().position, body, field, target, from, to, days,
+  return FindCrossings(Stores(), state.Get(), body, field, target, from, to, days,
                        directions, capacity);
 }
 
 int32_t AnswerDirectedStations(int32_t body, int32_t field, double from, double to, double* days,
                                int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindStations(Stores(), state.Get().position, body, field, from, to, days, directions,
+  return FindStations(Stores(), state.Get(), body, field, from, to, days, directions,
                       capacity);
 }
 
 int32_t AnswerDirectedAspects(int32_t body, int32_t other, int32_t field, double angle, double from,
                               double to, double* days, int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindAspects(Stores(), state.Get().position, body, other, field, angle, from, to, days,
+  return FindAspects(Stores(), state.Get(), body, other, field, angle, from, to, days,
                      directions, capacity);
 }
 
@@ -55,17 +55,17 @@ int32_t AnswerAspects(int32_t body, int32_t other, int32_t field, double angle, 
 
 double AnswerNextCrossing(int32_t body, int32_t field, double target, double after) {
   CallState state;
-  return NextCrossingAfter(Stores(), state.Get().position, body, field, target, after);
+  return NextCrossingAfter(Stores(), state.Get(), body, field, target, after);
 }
 
 double AnswerNextStation(int32_t body, int32_t field, double after) {
   CallState state;
-  return NextStationAfter(Stores(), state.Get().position, body, field, after);
+  return NextStationAfter(Stores(), state.Get(), body, field, after);
 }
 
 double AnswerNextAspect(int32_t body, int32_t other, int32_t field, double angle, double after) {
   CallState state;
-  return NextAspectAfter(Stores(), state.Get().position, body, other, field, angle, after);
+  return NextAspectAfter(Stores(), state.Get(), body, other, field, angle, after);
 }
 
 }  // namespace zenithor

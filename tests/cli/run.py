@@ -3,7 +3,8 @@
 
     run.py [--write] NAME=COMMAND... TEST.cmd...
 
-In the scripts, $NAME is the command and $ROOT the repository; they run in an empty folder of their own.
+In the scripts, $NAME runs the command, which is quoted as a shell wants it, and $ROOT is the repository;
+they run in an empty folder of their own.
 Standard output and standard error are compared together, the exit status is the last line. Of a
 number six decimals are compared: the last bits may differ from platform to platform. --write writes
 the .out files instead.
@@ -20,11 +21,22 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 
 
-def output_of(script, variables):
-    with tempfile.TemporaryDirectory() as folder:
+def programs(commands, folder):
+    """A program without blanks in its path for each command, as $NAME stands unquoted in the scripts."""
+    paths = {}
+    for name, command in commands.items():
+        program = Path(folder) / name.lower()
+        program.write_text(f'#!/bin/sh\nexec {command} "$@"\n', encoding="utf-8")
+        program.chmod(0o755)
+        paths[name] = str(program)
+    return paths
+
+
+def output_of(script, commands):
+    with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as bin_folder:
         run = subprocess.run(["sh", "-eu", str(script)], cwd=folder, text=True, encoding="utf-8",
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
-                             env={**os.environ, "ROOT": str(ROOT), **variables})
+                             env={**os.environ, "ROOT": str(ROOT), **programs(commands, bin_folder)})
     # Windows programs end lines with carriage return and line feed.
     output = run.stdout.replace("\r", "") + f"exit status {run.returncode}\n"
     return re.sub(r"([0-9]\.[0-9]{6})[0-9]+", r"\1", output)
@@ -35,12 +47,12 @@ def main():
     parser.add_argument("--write", action="store_true")
     parser.add_argument("words", nargs="+")
     arguments = parser.parse_args()
-    variables = dict(word.split("=", 1) for word in arguments.words if "=" in word)
+    commands = dict(word.split("=", 1) for word in arguments.words if "=" in word)
     scripts = [Path(word).resolve() for word in arguments.words if "=" not in word]
     failed = 0
     for script in scripts:
         expected_file = script.with_suffix(".out")
-        actual = output_of(script, variables)
+        actual = output_of(script, commands)
         if arguments.write:
             expected_file.write_text(actual, encoding="utf-8")
             continue

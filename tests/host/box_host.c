@@ -1,6 +1,6 @@
 /* Loads the library where a data file is missing, while a second process finds and answers the
  * warning (box_answerer). Windows only.
- *   box_host LIBRARY ANSWERER.exe WARNINGS full|empty
+ *   box_host LIBRARY ANSWERER.exe WARNINGS full|empty [invisible]
  * The answerer must report WARNINGS boxes with the right text, caption, icon and button, each of
  * which held up the load until it was answered. */
 #include "host.h"
@@ -14,6 +14,15 @@ static DWORD Answered(HANDLE process) {
   return code;
 }
 
+/* As a service has it: a window station that nobody sees. */
+static void MoveToInvisibleStation(void) {
+  USEROBJECTFLAGS flags;
+  const HWINSTA station = CreateWindowStationW(L"unseen", 0, WINSTA_ALL_ACCESS, NULL);
+  CHECK(station != NULL && SetProcessWindowStation(station));
+  CHECK(GetUserObjectInformationW(station, UOI_FLAGS, &flags, sizeof flags, NULL));
+  CHECK((flags.dwFlags & WSF_VISIBLE) == 0);
+}
+
 int main(int count, char** words) {
   ZenithorLibrary library;
   STARTUPINFOA startup;
@@ -24,7 +33,7 @@ int main(int count, char** words) {
   HANDLE events[2];
   char command[2048];
   if (count < 5) {
-    fprintf(stderr, "usage: box_host LIBRARY ANSWERER.exe WARNINGS full|empty\n");
+    fprintf(stderr, "usage: box_host LIBRARY ANSWERER.exe WARNINGS full|empty [invisible]\n");
     return EXIT_FAILURE;
   }
 
@@ -50,6 +59,9 @@ int main(int count, char** words) {
   events[1] = answerer.hProcess;
   CHECK(WaitForMultipleObjects(2, events, FALSE, PATIENCE_MS) == WAIT_OBJECT_0);
 
+  if (count > 5) {
+    MoveToInvisibleStation();
+  }
   CHECK(OpenLibrary(&library, words[1])); /* returns when the last box is answered */
   SetEvent(loaded);
   CHECK(Answered(answerer.hProcess) == (DWORD)atoi(words[3]));

@@ -4,8 +4,9 @@
 # Checks: the export table is the listed names, each after PREFIX (if not given: one underscore), and
 # nothing else;
 # imports come from the five system libraries at most; address randomisation and no-execute are on
-# and there are relocations to make use of them; the timestamp is none; no path of this machine and
-# no symbol table is left in the file.
+# and there are relocations to make use of them; functions with arrays are guarded; no exception
+# handler is taken from a 32-bit library; the timestamp is none; no path of this machine and no symbol
+# table is left in the file.
 set -eu
 export LC_ALL=C
 objdump=$1 dll=$2 exports=$3 source_dir=$4 prefix=${5-_}
@@ -42,6 +43,15 @@ done
 case $headers in
   *pei-x86-64*) printf '%s\n' "$headers" | grep -qw HIGH_ENTROPY_VA || fail "HIGH_ENTROPY_VA is off" ;;
 esac
+case $headers in
+  *pei-i386*) printf '%s\n' "$headers" | grep -qw NO_SEH || fail "NO_SEH is off" ;;
+esac
+# The routine that ends the process when a guard word was overwritten, and who calls it.
+code=$("$objdump" --disassemble --no-show-raw-insn --wide "$dll")
+guard=$(printf '%s\n' "$code" | grep -B1 'int  *$0x29' | sed -n 's/^ *\([0-9a-f]*\):.*mov .*$/\1/p')
+[ -n "$guard" ] || fail "is compiled without stack protector"
+guarded=$(printf '%s\n' "$code" | grep -c "call  *0x0*$guard" || true)
+[ "$guarded" -ge 50 ] || fail "only $guarded functions are guarded"
 ! printf '%s\n' "$headers" | grep -q 'Entry 5 0* 0* Base Relocation' || fail "no relocations"
 printf '%s\n' "$headers" | grep -q 'relocations stripped' && fail "relocations are stripped"
 printf '%s\n' "$headers" | grep -Eq '^Time/Date.*(Jan +1 00:00:00 1970|00000000)' || fail "has a timestamp"
@@ -54,4 +64,4 @@ done
 "$objdump" -t "$dll" 2>/dev/null | grep -q 'no symbols' || fail "a symbol table is left"
 
 [ "$failures" = 0 ]
-echo "$(printf '%s\n' "$listed" | wc -l) exports; imports from" $imported
+echo "$(printf '%s\n' "$listed" | wc -l) exports, $guarded guarded functions; imports from" $imported

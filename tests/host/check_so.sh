@@ -4,7 +4,8 @@
 # Checks: it exports the listed names, each after PREFIX (if not given: one underscore), and nothing
 # else; it needs
 # system libraries only; relocations are read-only, the stack is not executable, and there is no
-# search path in it.
+# search path in it; functions with arrays are guarded, frames beyond a page touch every page, lengths
+# that the compiler knows are checked, and all of it is marked for control-flow enforcement.
 set -eu
 export LC_ALL=C
 library=$1 exports=$2 prefix=${3-_}
@@ -32,5 +33,19 @@ printf '%s\n' "$dynamic" | grep -q 'BIND_NOW' || fail "is not bound at load"
 segments=$(readelf --segments --wide "$library")
 printf '%s\n' "$segments" | grep -q 'GNU_RELRO' || fail "relocations stay writable"
 printf '%s\n' "$segments" | grep 'GNU_STACK' | grep -q 'RW ' || fail "stack is executable"
+undefined=$(nm --dynamic --undefined-only "$library" | awk '{print $2}' | sed 's/@.*//')
+has() { printf '%s\n' "$undefined" | grep -qx "$1"; }
+has __stack_chk_fail || fail "is compiled without stack protector"
+has __snprintf_chk || fail "is compiled without _FORTIFY_SOURCE"
+has secure_getenv || fail "does not take the environment by secure_getenv"
+! has getenv || fail "takes the environment of a privileged process too"
+readelf --notes --wide "$library" | grep -q 'x86 feature: IBT, SHSTK' ||
+  fail "is not marked for control-flow enforcement"
+code=$(objdump --disassemble --no-show-raw-insn --wide "$library")
+# A frame of more than a page is made page by page: no single subtraction is larger.
+large=$(printf '%s\n' "$code" | sed -n 's/.*sub  *\$0x\([0-9a-f]*\),%rsp$/\1/p' | grep -E '^[0-9a-f]{4,}$' |
+  while read -r size; do [ $((0x$size)) -le 4096 ] || echo "$size"; done)
+[ -z "$large" ] || fail "the stack pointer moves by more than a page at once:" $large
+printf '%s\n' "$code" | grep -q 'sub  *$0x1000,%rsp' || fail "no frame is made page by page"
 [ "$failures" = 0 ]
 echo "$(printf '%s\n' "$listed" | wc -l) exports; needs" $needed

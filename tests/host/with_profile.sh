@@ -133,9 +133,9 @@ if [ -n "$screen" ]; then
   export DISPLAY=:$number
 fi
 
-run=''
+run=()
 if [ -n "$windows" ]; then
-  run=$here/../../tools/run/under_wine.sh
+  run=("$here/../../tools/run/under_wine.sh")
   export ZENITHOR_WINEPREFIX=$prefix
   [ -z "$opens" ] || export ZENITHOR_WINEDEBUG=-all,trace+file
 else
@@ -150,7 +150,7 @@ else
   cd "$directory"
 fi
 status=0
-$run "$@" >"$directory/stdout" 2>"$directory/stderr" || status=$?
+"${run[@]}" "$@" >"$directory/stdout" 2>"$directory/stderr" || status=$?
 cat "$directory/stdout"
 grep -v ':trace:file:' "$directory/stderr" >&2 || true
 

@@ -72,6 +72,8 @@ class Scan {
 
   static RiseSetProblem Pose(const RisingRequest& request) {
     MomentCache cache;
+    static thread_local SumRoom room;
+    cache.room = &room;
     return request.code == ZENITHOR_MOON
                ? MoonRiseSetProblem(request)
                : PlanetRiseSetProblem(testing::FullStore(), request, cache);

@@ -25,6 +25,7 @@ constexpr double kFrom = 2415020.5;  // 1900 January 1
 constexpr double kTo = 2488069.5;    // 2100 January 1
 constexpr double kStep = 0.125;
 
+SumRoom room;
 PositionState state;
 
 double Value(int body, int field, double day) {
@@ -107,6 +108,7 @@ int main() {
   static zenithor::GuideRooms rooms;
   zenithor::MakeGuide(zenithor::testing::FullStore(), guide, rooms);
   const zenithor::SearchStores stores{&zenithor::testing::FullStore(), &guide};
+  zenithor::state.moment.room = &zenithor::room;
   bool good = true;
   for (const int body : {ZENITHOR_BODY_MERCURY, ZENITHOR_BODY_VENUS, ZENITHOR_BODY_MARS}) {
     good = zenithor::ScanBody(stores, body) && good;

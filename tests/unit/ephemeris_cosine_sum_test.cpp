@@ -219,8 +219,21 @@ TEST(FastSum, ArrangesAsManyFrequenciesAsItHasRoomForAndNoMore) {
     }
     const OneBody body(terms, {count - 100, 100});
     EXPECT_EQ(body.IsArranged(), count == kMostFrequencies);
-    // Some two thousand terms of amplitude 1, each with C t rounded below 256 radians.
+    // Some fifteen hundred terms of amplitude 1, each with C t rounded below 256 radians.
     EXPECT_NEAR(body.At(1.0).longitude, body.PlainlyAt(1.0).longitude, 2e-11);
+  }
+}
+
+SumRoom room;
+
+TEST(FastSum, IsTheSameBitsWithAndWithoutRoom) {
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    for (int k = 0; k < 200; ++k) {
+      const double centuries = -80.0 + 0.803 * k;
+      ASSERT_TRUE(SameBits(SumStoredSeries(FullStore(), slot, centuries, &room),
+                           SumStoredSeries(FullStore(), slot, centuries, nullptr)))
+          << slot << " " << centuries;
+    }
   }
 }
 
@@ -234,8 +247,8 @@ TEST(FastSum, IsTheSameBitsWithAndWithoutAvx2) {
     for (int k = 0; k < 500; ++k) {
       const double t = -8.0 + 0.0321 * k;
       double sse2[kSeriesCount] = {}, avx2[kSeriesCount] = {};
-      SumTracksSse2(tracks, t, sse2);
-      SumTracksAvx2(tracks, t, avx2);
+      SumTracksSse2(tracks, t, room, sse2);
+      SumTracksAvx2(tracks, t, room, avx2);
       ASSERT_EQ(std::memcmp(sse2, avx2, sizeof sse2), 0) << slot << " " << t;
     }
   }
@@ -251,7 +264,7 @@ TEST(FastSum, IsTheSameBitsOnEveryBuild) {
   for (int call = 0; call < 100000; ++call) {
     state = state * 6364136223846793005u + 1442695040888963407u;
     const double centuries = -50.0 + static_cast<double>(state >> 40) * (90.0 / 16777216.0);
-    const Spherical place = SumStoredSeries(FullStore(), call % kSlotCount, centuries);
+    const Spherical place = SumStoredSeries(FullStore(), call % kSlotCount, centuries, &room);
     for (const double coordinate : {place.longitude, place.latitude, place.radius}) {
       std::uint64_t bits = 0;
       std::memcpy(&bits, &coordinate, sizeof bits);

@@ -36,6 +36,33 @@ TEST(ThreadState, IsOneSetPerThread) {
   EXPECT_EQ(here->position.orbits.earth_velocity.julian_day, 2451545.0);
 }
 
+TEST(ThreadState, IsLeftAloneByACallWithinACall) {
+  CallState outer;
+  PositionState& own = outer.Get();
+  EXPECT_EQ(&own, &FindThreadState()->position);
+  EXPECT_NE(own.moment.room, nullptr);
+  {
+    CallState inner;
+    EXPECT_NE(&inner.Get(), &own);
+    EXPECT_EQ(inner.Get().moment.room, nullptr);
+    CallState innermost;
+    EXPECT_NE(&innermost.Get(), &own);
+    EXPECT_NE(&innermost.Get(), &inner.Get());
+  }
+  CallState second;
+  EXPECT_NE(&second.Get(), &own);
+}
+
+TEST(ThreadState, IsTheThreadsOwnAgainWhenTheCallHasReturned) {
+  const PositionState* first = nullptr;
+  {
+    CallState call;
+    first = &call.Get();
+  }
+  CallState call;
+  EXPECT_EQ(&call.Get(), first);
+}
+
 TEST(ThreadState, ThreadsAtOnceGetTheAnswersOfALoneCaller) {
   constexpr int kThreads = 4;
   constexpr int kCalls = 60;

@@ -55,7 +55,7 @@ inside() {
     system=$1
     shift
     mount -t proc proc "$system/proc" && mount --rbind /dev "$system/dev" || exit 1
-    exec chroot "$system" env -i HOME=/root TERM=dumb LANG=C.UTF-8 \
+    exec chroot "$system" env -i HOME=/srv TERM=dumb LANG=C.UTF-8 \
       PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "$@"' sh "$@" </dev/null
 }
 
@@ -76,21 +76,21 @@ make_base() {
   inside "$system" apt-get update || return 1
   inside "$system" env DEBIAN_FRONTEND=noninteractive sh -c '
     apt-get -y dist-upgrade && apt-get -y install --no-install-recommends git make ca-certificates' || return 1
-  git clone -q --no-local "$repository" "$system/root/$folder"
+  git clone -q --no-local "$repository" "$system/srv/$folder"
 }
 
 # Whether the index of 32-bit packages in the security suite can be loaded.
 security_index_is_whole() {
-  inside "$1" sh -c 'mkdir /tmp/lists && cp -r /var/lib/dpkg /tmp/dpkg &&
-    dpkg --admindir=/tmp/dpkg --add-architecture i386 &&
-    apt-get -o Dir::State::lists=/tmp/lists -o Dir::State::status=/tmp/dpkg/status \
+  inside "$1" sh -c 'mkdir /var/lists && cp -r /var/lib/dpkg /var/dpkg-copy &&
+    dpkg --admindir=/var/dpkg-copy --add-architecture i386 &&
+    apt-get -o Dir::State::lists=/var/lists -o Dir::State::status=/var/dpkg-copy/status \
       -o APT::Architectures::=amd64 -o APT::Architectures::=i386 -o APT::Update::Error-Mode=any update &&
-    ls /tmp/lists | grep -q "security.*binary-i386"; status=$?; rm -r /tmp/lists /tmp/dpkg; exit $status'
+    ls /var/lists | grep -q "security.*binary-i386"; status=$?; rm -r /var/lists /var/dpkg-copy; exit $status'
 }
 
 # verdict TARGET SYSTEM LOG STATUS
 verdict() {
-  local target=$1 clone=$2/root/$folder log=$3 status=$4 made=
+  local target=$1 clone=$2/srv/$folder log=$3 status=$4 made=
   if [ "$status" != 0 ]; then
     echo "FAILED ($status)"
     return
@@ -154,7 +154,7 @@ for security in $variants; do
     cp -a --reflink=auto "$base" "$system"
     started=$SECONDS
     status=0
-    inside "$system" make -C "/root/$folder" "$target" >"$log" 2>&1 || status=$?
+    inside "$system" make -C "/srv/$folder" "$target" >"$log" 2>&1 || status=$?
     minutes=$(awk -v seconds=$((SECONDS - started)) 'BEGIN { printf "%.1f", seconds / 60 }')
     said=$(verdict "$target" "$system" "$log" "$status")
     case $said in

@@ -9,9 +9,10 @@ The sample of a seed is the same as long as src/ is. It works on a copy of the s
 build/mutants, which it builds there; the working tree is only read. The data must have been made
 (make data). A run that was interrupted goes on where it stopped.
 
-A mutant is tried on the unit tests of its room, then on those of the rooms that use it, then, if
-nothing has failed, on the hosts that load the library. The first that fails ends it; so does a limit
-of processor time, five times what the test takes without a mutant, which counts as noticed. What survives is a hole in the tests or changes nothing. The latter,
+A mutant is tried on the unit tests of its room, those of its file first; then, if nothing has
+failed, on the hosts that hold the library's golden answers and their hash; on the unit tests of the
+rooms that use its room; on the other hosts. The first that fails ends it; so does a limit of
+processor time, five times what the test takes without a mutant, which counts as noticed. What survives is a hole in the tests or changes nothing. The latter,
 once somebody has read it, goes with its reason into equivalent_mutants.txt beside this file.
 
 Not tried: what only Windows compiles, tables (*.inc), static_asserts. Ends with 1 if there is a hole.
@@ -34,10 +35,12 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 PLACE = ROOT / "build" / "mutants"
 EQUIVALENT = ROOT / "tools" / "check" / "equivalent_mutants.txt"
+NICE = int(os.environ.get("MUTANTS_NICE", "10"))
 OTHER_PLATFORM = ("_WIN32", "_WIN64", "__i386__")
-# Tests of the finished library that are about its answers, its load and its manners.
-HOST_TESTS = r"\.host\.|hostile_"
-NOT_THESE = r"HeaderIsClean|exit_during|thread_churn|Guide|LinkedByName"
+# Tests of the finished library: of its answers; of its load and its manners.
+ANSWER_TESTS = ["-R", r"\.host\.(Golden|AnswersHash)"]
+MANNER_TESTS = ["-R", r"\.host\.|hostile_", "-E",
+                "Golden|AnswersHash|HeaderIsClean|exit_during|thread_churn|Guide|LinkedByName"]
 HOST_PROGRAMS = ("zenithor load_host load_heap_host exports_host golden_host records_host answers_hash "
                  "threads_host hostile_processor_state hostile_misaligned_stack hostile_procedure "
                  "hostile_null_record hostile_page_end hostile_reload hostile_load_elsewhere "
@@ -220,7 +223,7 @@ def run(command, where, seconds):
     def limited():
         resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
         resource.setrlimit(resource.RLIMIT_CPU, (round(seconds), round(seconds) + 1))
-        os.nice(10)
+        os.nice(NICE)
     process = subprocess.Popen(command, cwd=where, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                start_new_session=True, preexec_fn=limited)
     try:
@@ -248,7 +251,7 @@ class Bench:
         (self.build / "CMakeCache.txt").unlink(missing_ok=True)  # what it remembers of an earlier tree
         generator = ["-G", "Ninja"] if shutil.which("ninja") else []
         self.must(["cmake", "-S", str(self.tree), "-B", str(self.build), *generator,
-                   "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DZENITHOR_TOOLS=OFF"])
+                   "-DZENITHOR_TOOLS=OFF"])
         uses = dict(re.findall(r"^zenithor_room\((\w+)([^)]*)\)", (self.tree / "CMakeLists.txt").read_text(), re.M))
         self.users = {room: [user for user in uses if re.search(rf"\b{room}\b", uses[user].split("EXCEPT")[0])]
                       for room in uses}
@@ -260,7 +263,9 @@ class Bench:
             before = processor_seconds()
             self.must([str(program), "--gtest_brief=1"])
             self.digest[room], self.seconds[room] = self.digest_of(program), processor_seconds() - before
-        self.must(self.host_tests())
+        self.suites = {room: self.suites_of(program) for room, program in self.programs.items()}
+        self.must(self.host_tests(ANSWER_TESTS))
+        self.must(self.host_tests(MANNER_TESTS))
         self.library_digest = self.digest_of(self.library())
 
     def copy(self):
@@ -283,9 +288,18 @@ class Bench:
         if status != 0:
             sys.exit(f"without a mutant: {' '.join(command)}\n{output[-3000:]}")
 
-    def host_tests(self):
-        return ["ctest", "--test-dir", str(self.build), "-R", HOST_TESTS, "-E", NOT_THESE, "--timeout", "300",
-                "--stop-on-failure"]
+    def host_tests(self, chosen):
+        return ["ctest", "--test-dir", str(self.build), *chosen, "--timeout", "300", "--stop-on-failure"]
+
+    def suites_of(self, program):
+        """The names of the tests of a unit program, by the file that they stand in."""
+        listing = self.build / "tests.json"
+        self.must([str(program), "--gtest_list_tests", f"--gtest_output=json:{listing}"])
+        names = collections.defaultdict(list)
+        for suite in json.loads(listing.read_text(encoding="utf-8"))["testsuites"]:
+            for test in suite["testsuite"]:
+                names[Path(test["file"]).stem].append(f"{suite['name']}.{test['name']}")
+        return names
 
     def library(self):
         return self.tree / "out" / "linux" / "libzenithor.so"
@@ -317,29 +331,54 @@ class Bench:
         return found
 
     def judge(self, mutant):
-        changed = False
-        for room in self.rooms_above(mutant["room"]):
-            program = self.programs[room]
-            if not self.compiles(program.name):
-                return "not compiled", ""
-            if self.digest_of(program) == self.digest[room]:
-                continue
-            changed = True
-            status, output = run([str(program), "--gtest_brief=1", "--gtest_fail_fast"], program.parent,
-                                 min(self.limit, 10 + 5 * self.seconds[room]))
-            if status != 0:
-                failed = re.search(r"^\[  FAILED  \] (\S+)", output, re.M)
-                how = failed.group(1).rstrip(",") if failed else "time limit" if status is None else "crash"
-                return "unit tests", f"{program.name} {how}"
+        own, *above = self.rooms_above(mutant["room"])
+        outcome, by = self.unit_tests(own, f"{own}_{Path(mutant['file']).stem}_test")
+        if outcome in ("not compiled", "unit tests"):
+            return outcome, by
+        changed = outcome == "survived"
         if not self.compiles("zenithor"):
             return "not compiled", ""
-        if self.digest_of(self.library()) == self.library_digest:
-            return ("survived" if changed else "same code"), ""
-        status, output = run(self.host_tests(), self.build, self.limit)
-        if status != 0:
-            failed = re.search(r"^\s*\d+ - (\S+) \(", output, re.M)
-            return "host tests", failed.group(1) if failed else "time limit"
+        library_changed = self.digest_of(self.library()) != self.library_digest
+        if library_changed:
+            by = self.failed_host_test(ANSWER_TESTS)
+            if by:
+                return "host tests", by
+        for room in above:
+            outcome, by = self.unit_tests(room)
+            if outcome in ("not compiled", "unit tests"):
+                return outcome, by
+            changed |= outcome == "survived"
+        if library_changed:
+            by = self.failed_host_test(MANNER_TESTS)
+            if by:
+                return "host tests", by
+        return "survived" if changed or library_changed else "same code", ""
+
+    def unit_tests(self, room, first=""):
+        """What the unit tests of a room say, of which those of the file `first` run first."""
+        program = self.programs[room]
+        if not self.compiles(program.name):
+            return "not compiled", ""
+        if self.digest_of(program) == self.digest[room]:
+            return "same code", ""
+        near = self.suites[room].get(first, [])
+        for chosen in ([f"--gtest_filter={':'.join(near)}"] if near else None, []):
+            if chosen is None:
+                continue
+            status, output = run([str(program), "--gtest_brief=1", "--gtest_fail_fast", *chosen], program.parent,
+                                 min(self.limit, 10 + 5 * self.seconds[room]))
+            if status != 0:
+                failed = re.search(r"^\[  FAILED  \] ([\w./]+)", output, re.M)
+                how = failed.group(1) if failed else "time limit" if status is None else "crash"
+                return "unit tests", f"{program.name} {how}"
         return "survived", ""
+
+    def failed_host_test(self, chosen):
+        status, output = run(self.host_tests(chosen), self.build, self.limit)
+        if status == 0:
+            return ""
+        failed = re.search(r"^\s*\d+ - (\S+) \(", output, re.M)
+        return failed.group(1) if failed else "time limit"
 
 
 # The table ----------------------------------------------------------------------------------------
