@@ -129,7 +129,9 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
   std::mt19937_64 random(seed);
   std::uniform_real_distribution<double> part(0.0, 1.0);
   Extremes extremes[std::size(kFields)];
+  static SumRoom room;
   PositionState state;
+  state.moment.room = &room;
   const double h = kSpacings[body];
   const double width = (ZENITHOR_LAST_DAY - ZENITHOR_FIRST_DAY) / windows;
   for (int w = 0; w < windows; ++w) {

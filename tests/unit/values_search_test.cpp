@@ -46,7 +46,9 @@ const SearchStores& Stores() {
 }
 
 PositionState& State() {
+  static SumRoom room;
   static PositionState state;
+  state.moment.room = &room;
   return state;
 }
 
