@@ -12,8 +12,8 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit asan tsan fuzz
 help:
 	@echo "make run      today's places of Sun, Moon and planets, from the 32-bit DLL under Wine"
 	@echo "make test     builds everything and runs every test"
-	@echo "make dll      out/win32/zenithor.dll, out/win64/zenithor.dll and their import libraries"
-	@echo "make native   out/linux: libzenithor.so, almanac, karvo"
+	@echo "make dll      out/win32, out/win64: zenithor.dll, zenithor_values.dll, their import libraries"
+	@echo "make native   out/linux: libzenithor.so, libzenithor_values.so, almanac, karvo"
 	@echo "make data     out/data/archive: the index and the data file"
 	@echo "make bench    timings, each beside its baseline"
 	@echo "make fuzz     every fuzz target, ten minutes in all"
@@ -33,7 +33,7 @@ dll: setup-dll data-files
 	@echo "Building the DLL" && tools/run/build_dll.sh
 
 native: setup-native data-files
-	@echo "Building the native library and programs" && tools/run/build.sh linux zenithor almanac karvo
+	@echo "Building the native library and programs" && tools/run/build.sh linux zenithor zenithor_values almanac karvo
 
 data: setup-native data-files
 
@@ -50,7 +50,8 @@ soak: setup-run data-files
 	@tools/run/soak.sh $(or $(MINUTES),60)
 
 dist: setup-dist data-files
-	@tools/run/build_dll.sh && tools/run/build.sh win32 almanac && tools/run/build.sh linux zenithor
+	@tools/run/build_dll.sh && tools/run/build.sh win32 almanac && \
+	tools/run/build.sh linux zenithor zenithor_values
 	@tools/run/dist.sh
 
 clean:

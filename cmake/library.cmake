@@ -22,6 +22,8 @@ if(WIN32)
   file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/zenithor.def CONTENT "${link_names}")
   file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/import_gnu.def CONTENT "${gnu_names}")
   file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/import_msvc.def CONTENT "${msvc_names}")
+  set(RC_INTERNAL_NAME zenithor)
+  set(RC_DESCRIPTION "Zenithor astronomical computations")
   configure_file(packaging/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
   target_sources(zenithor PRIVATE src/entry/attach_windows.cpp ${PROJECT_BINARY_DIR}/version.rc)
   set_target_properties(zenithor PROPERTIES PREFIX "" IMPORT_PREFIX "lib"

@@ -39,7 +39,7 @@ static_assert(sizeof(BodyIndexRecord) == 72, "an index record is 72 bytes");
 
 // The series of one body. Without terms it is not loaded, and the rest is as it stands here.
 struct BodySeries {
-  SeriesTerm* terms = nullptr;  // L0..L5, B0..B5, R0..R5, one after the other
+  const SeriesTerm* terms = nullptr;  // L0..L5, B0..B5, R0..R5, one after the other
   std::int32_t term_count = 0;
   BodyIndexRecord index{};
   std::uint64_t fingerprint = 0;  // of the terms; 0 where they did not come from a file

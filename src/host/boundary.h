@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <type_traits>
 
 #if !defined(__GNUC__) || !(defined(__i386__) || defined(__x86_64__))
 #error "The host boundary is written for GCC and Clang on x86"
@@ -94,16 +95,6 @@ inline void LeaveLibrary(const HostState& host, double& result) {
   }
 }
 
-// Calls Routine inside the boundary. Routine must be defined in another translation unit, so that
-// the compiler can move none of its arithmetic out of the boundary.
-template <auto Routine, class... Arguments>
-inline double ThroughBoundary(Arguments... arguments) {
-  const HostState host = EnterLibrary();
-  double result = Routine(arguments...);
-  LeaveLibrary(host, result);
-  return result;
-}
-
 // The boundary for as long as the object stands, for code that the loader calls.
 class HostBoundary {
  public:
@@ -118,5 +109,20 @@ class HostBoundary {
  private:
   HostState host_;
 };
+
+// Calls Routine inside the boundary. Routine must be defined in another translation unit, so that
+// the compiler can move none of its arithmetic out of the boundary.
+template <auto Routine, class... Arguments>
+inline auto ThroughBoundary(Arguments... arguments) {
+  if constexpr (std::is_same_v<decltype(Routine(arguments...)), double>) {
+    const HostState host = EnterLibrary();
+    double result = Routine(arguments...);
+    LeaveLibrary(host, result);
+    return result;
+  } else {  // the answer is in no register that the boundary has to do with
+    const HostBoundary boundary;
+    return Routine(arguments...);
+  }
+}
 
 }  // namespace zenithor

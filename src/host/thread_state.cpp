@@ -123,6 +123,7 @@ ThreadState* MakeThreadState(Slot slot) {
   }
   auto* const state = new (SetIn(memory)) ThreadState;
   state->position.moment.room = &state->room;
+  state->position.places = &state->places;
   if (!Set(slot, memory)) {
     std::free(memory);
     return nullptr;

@@ -12,9 +12,9 @@
 
 namespace zenithor {
 
-void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
-                         double /*observer_longitude*/, double /*observer_latitude*/,
-                         MomentCache& cache, BodyPositionRecord& record) {
+Equatorial ComputeMoonPosition(const EphemerisStore& store, double julian_day,
+                               double /*observer_longitude*/, double /*observer_latitude*/,
+                               MomentCache& cache, BodyPositionRecord& record) {
   const double t = JulianCenturies(julian_day);
   const double epsilon0 = MeanObliquity(t);
   const NutationAngles nutation = CachedNutation(t, cache);
@@ -42,6 +42,7 @@ void ComputeMoonPosition(const EphemerisStore& store, double julian_day,
     record.MoonPhaseAngle = physical.phase_angle;
     record.MoonIlluminatedFraction = physical.illuminated_fraction;
   }
+  return place;
 }
 
 }  // namespace zenithor

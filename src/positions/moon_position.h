@@ -2,6 +2,7 @@
 
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
+#include "time/transforms.h"
 #include "zenithor/zenithor.h"
 
 namespace zenithor {
@@ -13,9 +14,11 @@ namespace zenithor {
 // touched.
 // The phase angle and the fraction need the Earth's slot; without it 9 and 15 are left as they are.
 // A longitude that is NaN is not written; every other field is, whatever its value.
+// Returns the apparent direction, that of fields 7 and 8.
 // Accuracy: moon/lunar_series.h and moon/physical_ephemeris.h.
 // Source: Meeus, Astronomical Algorithms, chapters 47, 48 and 53.
-void ComputeMoonPosition(const EphemerisStore& store, double julian_day, double observer_longitude,
-                         double observer_latitude, MomentCache& cache, BodyPositionRecord& record);
+Equatorial ComputeMoonPosition(const EphemerisStore& store, double julian_day,
+                               double observer_longitude, double observer_latitude,
+                               MomentCache& cache, BodyPositionRecord& record);
 
 }  // namespace zenithor

@@ -67,8 +67,9 @@ Rectangular Nutate(const Rectangular& p, const NutationAngles& nutation,
 
 }  // namespace
 
-void ComputePlutoPosition(double julian_day, double observer_longitude, double observer_latitude,
-                          OrbitsState& state, BodyPositionRecord& record) {
+Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
+                                double observer_latitude, OrbitsState& state,
+                                BodyPositionRecord& record) {
   SetUp(julian_day, observer_longitude, observer_latitude, state);
 
   // Kept on purpose: the heliocentric longitude carries no nutation, where the planets' does; up to
@@ -122,6 +123,7 @@ void ComputePlutoPosition(double julian_day, double observer_longitude, double o
   record.GeoLongitude = geocentric.longitude * kDegreesPerRadian;
   record.GeoLatitude = geocentric.latitude * kDegreesPerRadian;
   record.GeoDistance = geocentric.radius;
+  return {alpha, delta};
 }
 
 }  // namespace zenithor

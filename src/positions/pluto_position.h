@@ -11,8 +11,10 @@ namespace zenithor {
 // From 1500 to 2500 right ascension and declination are within 2" of the apparent place, most of it
 // the Earth's share; longitude and latitude, which are turned by the mean obliquity, within 3.0"
 // and 9.9" of those on the true ecliptic of date. Outside the years -3000 to 3000 the series run
-// away. Source: Explanatory Supplement to the Astronomical Almanac (1992), section 3.3.
-void ComputePlutoPosition(double julian_day, double observer_longitude, double observer_latitude,
-                          OrbitsState& state, BodyPositionRecord& record);
+// away. Returns the apparent direction, that of fields 7 and 8. Source: Explanatory Supplement to
+// the Astronomical Almanac (1992), section 3.3.
+Equatorial ComputePlutoPosition(double julian_day, double observer_longitude,
+                                double observer_latitude, OrbitsState& state,
+                                BodyPositionRecord& record);
 
 }  // namespace zenithor

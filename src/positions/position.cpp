@@ -20,31 +20,40 @@ bool CanComputePlanet(const EphemerisStore& store, BodyCode code) {
 
 }  // namespace
 
-double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
-                       double observer_longitude, double observer_latitude, BodyCode code,
-                       BodyPositionRecord* record) {
-  if (record == nullptr) {
-    return kNoAnswer;
-  }
+double ComputePlace(const EphemerisStore& store, PositionState& state, double julian_day,
+                    double observer_longitude, double observer_latitude, BodyCode code,
+                    BodyPositionRecord& record, Equatorial& apparent) {
   if (code == ZENITHOR_MOON) {
-    WriteCalendarFields(julian_day, *record);
-    ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude, state.moment,
-                        *record);
+    WriteCalendarFields(julian_day, record);
+    apparent = ComputeMoonPosition(store, julian_day, observer_longitude, observer_latitude,
+                                   state.moment, record);
     return ZENITHOR_DONE;
   }
   if (code == ZENITHOR_PLUTO) {
-    WriteCalendarFields(julian_day, *record);
-    ComputePlutoPosition(julian_day, observer_longitude, observer_latitude, state.orbits, *record);
+    WriteCalendarFields(julian_day, record);
+    apparent = ComputePlutoPosition(julian_day, observer_longitude, observer_latitude, state.orbits,
+                                    record);
     return ZENITHOR_DONE;
   }
   const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
   if (!CanComputePlanet(store, planet)) {
     return kNoAnswer;
   }
-  WriteCalendarFields(julian_day, *record);
-  ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet,
-                        state.moment, *record);
+  WriteCalendarFields(julian_day, record);
+  apparent = ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet,
+                                   state.moment, record);
   return ZENITHOR_DONE;
+}
+
+double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
+                       double observer_longitude, double observer_latitude, BodyCode code,
+                       BodyPositionRecord* record) {
+  if (record == nullptr) {
+    return kNoAnswer;
+  }
+  Equatorial apparent{0.0, 0.0};
+  return ComputePlace(store, state, julian_day, observer_longitude, observer_latitude, code,
+                      *record, apparent);
 }
 
 }  // namespace zenithor

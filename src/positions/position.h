@@ -3,14 +3,16 @@
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "orbits/state.h"
+#include "positions/place_memory.h"
 #include "zenithor/zenithor.h"
 
 namespace zenithor {
 
 // What places keep from call to call; one per thread. Constant-initialized.
 struct PositionState {
-  OrbitsState orbits;  // Pluto's
-  MomentCache moment;  // what the bodies of one moment share
+  OrbitsState orbits;             // Pluto's
+  MomentCache moment;             // what the bodies of one moment share
+  PlaceMemory* places = nullptr;  // where field by field is asked; without it nothing is kept
 };
 
 // Where a body stands: the call handed to the driver of its code, with the calendar fields that
@@ -25,5 +27,11 @@ struct PositionState {
 double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
                        double observer_longitude, double observer_latitude, BodyCode code,
                        BodyPositionRecord* record);
+
+// The same, for a record that is there; the apparent direction, unreduced, goes to `apparent`. It
+// is left as it is where nothing is written.
+double ComputePlace(const EphemerisStore& store, PositionState& state, double julian_day,
+                    double observer_longitude, double observer_latitude, BodyCode code,
+                    BodyPositionRecord& record, Equatorial& apparent);
 
 }  // namespace zenithor

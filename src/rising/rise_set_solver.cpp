@@ -3,17 +3,13 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "rising/diurnal_path.h"
 #include "rising/settle.h"
-#include "time/sidereal_time.h"
 
 namespace zenithor {
 
 namespace {
-
-constexpr double kSiderealRate = 6.300388092591991;  // [rad/day], 360.985647 degrees
-constexpr double kSecondsPerDay = 86400.0;
 
 // A fraction of a day brought into the day, by one day at most.
 double IntoDay(double m) {
@@ -26,42 +22,23 @@ double IntoDay(double m) {
 // The two corrections of a time m, a fraction of a day after T0.
 class Corrections {
  public:
-  Corrections(const RiseSetProblem& problem, const ThreeValues& alpha, double theta0)
-      : problem_(problem),
-        alpha_(alpha),
-        theta0_(theta0),
-        sin_phi_(std::sin(problem.latitude)),
-        cos_phi_(std::cos(problem.latitude)) {}
+  Corrections(const DiurnalPath& path, double h0) : path_(path), h0_(h0) {}
 
-  double Transit(double m) const { return -HourAngle(m) / kTwoPi; }
+  double Transit(double m) const { return -path_.HourAngle(m) / kTwoPi; }
 
   double RiseOrSet(double m) const {
-    const double hour_angle = HourAngle(m);
-    const double delta = Interpolate(problem_.delta, Steps(m));
-    const double cos_delta = std::cos(delta);
-    const double h =
-        std::asin(sin_phi_ * std::sin(delta) + cos_phi_ * cos_delta * std::cos(hour_angle));
+    const double hour_angle = path_.HourAngle(m);
+    const double delta = path_.Declination(m);
+    const double h = path_.Altitude(delta, hour_angle);
     // Kept on purpose: the factor cos h, which the published correction does not have. Up to
     // latitude 50 it moves no settled time by more than 0.0001 minute, the Moon's by 0.03.
-    return std::cos(h) * (h - problem_.h0) / (kTwoPi * cos_delta * cos_phi_ * std::sin(hour_angle));
+    return std::cos(h) * (h - h0_) /
+           (kTwoPi * std::cos(delta) * path_.CosLatitude() * std::sin(hour_angle));
   }
 
  private:
-  // Kept on purpose: Delta T once more, though the middle place stands at the day's start in
-  // dynamical time already; in 2026, up to latitude 50, up to 0.16 minute for the Moon, 0.021 for
-  // other bodies.
-  double Steps(double m) const { return m + problem_.delta_t / kSecondsPerDay; }
-
-  double HourAngle(double m) const {
-    const double theta = theta0_ + kSiderealRate * m;
-    return ReduceAngleSigned(theta - problem_.longitude - Interpolate(alpha_, Steps(m)));
-  }
-
-  const RiseSetProblem& problem_;
-  const ThreeValues alpha_;
-  const double theta0_;
-  const double sin_phi_;
-  const double cos_phi_;
+  const DiurnalPath& path_;
+  const double h0_;
 };
 
 }  // namespace
@@ -70,11 +47,8 @@ RiseSetTimes SolveRiseSet(const RiseSetProblem& problem) {
   const double alpha2 = problem.alpha.middle;
   const double delta2 = problem.delta.middle;
   const double phi = problem.latitude;
-  const ThreeValues alpha{alpha2 + ReduceAngleSigned(problem.alpha.before - alpha2), alpha2,
-                          alpha2 + ReduceAngleSigned(problem.alpha.after - alpha2)};
-  // Kept on purpose: mean sidereal time, where the book takes apparent; up to 0.02 minute.
-  const double theta0 =
-      ReduceAngle(SiderealTimeFromDays(problem.day_start_days, problem.day_start_centuries));
+  const DiurnalPath path(problem);
+  const double theta0 = path.SiderealTimeAtStart();
 
   const double cos_h0 = (std::sin(problem.h0) - std::sin(phi) * std::sin(delta2)) /
                         (std::cos(phi) * std::cos(delta2));
@@ -108,7 +82,7 @@ RiseSetTimes SolveRiseSet(const RiseSetProblem& problem) {
     m2 -= 1.0;
   }
 
-  const Corrections corrections(problem, alpha, theta0);
+  const Corrections corrections(path, problem.h0);
   const auto rise_or_set = [&](double m) { return corrections.RiseOrSet(m); };
   const Settled transit = Settle(m0, [&](double m) { return corrections.Transit(m); });
   Settled rise{m1, {0, Ending::kNotRun}};

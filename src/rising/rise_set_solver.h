@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rising/interpolation.h"
+#include "rising/rise_set_problem.h"
 #include "rising/settle.h"
 
 namespace zenithor {
@@ -9,17 +9,6 @@ namespace zenithor {
 // Source: Meeus, Astronomical Algorithms, chapter 15.
 
 enum class Horizon { kRisesAndSets, kAlwaysAbove, kAlwaysBelow };
-
-struct RiseSetProblem {
-  double day_start_days;       // [day from J2000.0] T0, the start of the day, universal time
-  double day_start_centuries;  // the same in Julian centuries
-  double delta_t;              // [s]
-  ThreeValues alpha;           // [rad] right ascension at T0 less a day, T0, T0 plus a day
-  ThreeValues delta;           // [rad] declination
-  double h0;                   // [rad] standard altitude
-  double longitude;            // [rad] of the observer, positive west
-  double latitude;             // [rad]
-};
 
 struct RiseSetTimes {
   Horizon horizon;

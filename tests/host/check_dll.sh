@@ -1,14 +1,15 @@
 #!/bin/bash
 # What a host's loader and a packager see of a DLL, read from the file itself.
-#   check_dll.sh OBJDUMP DLL EXPORTS.txt SOURCE_DIR
-# Checks: the export table is the listed names, each with one leading underscore, and nothing else;
+#   check_dll.sh OBJDUMP DLL EXPORTS.txt SOURCE_DIR [PREFIX]
+# Checks: the export table is the listed names, each after PREFIX (if not given: one underscore), and
+# nothing else;
 # imports come from the five system libraries at most; address randomisation and no-execute are on
 # and there are relocations to make use of them; functions with arrays are guarded; no exception
 # handler is taken from a 32-bit library; the timestamp is none; no path of this machine and no symbol
 # table is left in the file.
 set -eu
 export LC_ALL=C
-objdump=$1 dll=$2 exports=$3 source_dir=$4
+objdump=$1 dll=$2 exports=$3 source_dir=$4 prefix=${5-_}
 failures=0
 fail() {
   echo "check_dll: $dll: $*" >&2
@@ -19,7 +20,7 @@ headers=$("$objdump" -p "$dll")
 # Binutils 2.40 lists "[ 0] _NAME", 2.44 "[ 0] +base[ 1]  0000 _NAME".
 exported=$(printf '%s\n' "$headers" | sed -n '/\[Ordinal\/Name Pointer\] Table/,/^$/p' |
   sed -n 's/^[[:space:]]*\[ *[0-9]*\]\( +base\[ *[0-9]*\] *[0-9a-f]*\)\? *\([^ ]*\)$/\2/p' | sort)
-listed=$(sed 's/^/_/' "$exports" | sort)
+listed=$(sed "s/^/$prefix/" "$exports" | sort)
 [ -n "$exported" ] || fail "no exports found"
 [ "$exported" = "$listed" ] ||
   fail "exported and not listed, or (indented) listed and not exported:" \

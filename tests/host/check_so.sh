@@ -1,20 +1,21 @@
 #!/bin/bash
 # What the dynamic linker and a packager see of the shared object, read from the file itself.
-#   check_so.sh LIBRARY.so EXPORTS.txt
-# Checks: it exports the listed names, each with one leading underscore, and nothing else; it needs
+#   check_so.sh LIBRARY.so EXPORTS.txt [PREFIX]
+# Checks: it exports the listed names, each after PREFIX (if not given: one underscore), and nothing
+# else; it needs
 # system libraries only; relocations are read-only, the stack is not executable, and there is no
 # search path in it; functions with arrays are guarded, frames beyond a page touch every page, lengths
 # that the compiler knows are checked, and all of it is marked for control-flow enforcement.
 set -eu
 export LC_ALL=C
-library=$1 exports=$2
+library=$1 exports=$2 prefix=${3-_}
 failures=0
 fail() {
   echo "check_so: $library: $*" >&2
   failures=$((failures + 1))
 }
 exported=$(nm --dynamic --defined-only "$library" | awk '{print $3}' | sort)
-listed=$(sed 's/^/_/' "$exports" | sort)
+listed=$(sed "s/^/$prefix/" "$exports" | sort)
 [ "$exported" = "$listed" ] ||
   fail "exported and not listed, or (indented) listed and not exported:" \
     "$(comm -3 <(printf '%s\n' "$exported") <(printf '%s\n' "$listed") | head -n 30)"

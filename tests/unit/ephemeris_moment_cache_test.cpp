@@ -25,10 +25,10 @@ class OneTermStore {
   OneTermStore() = default;
   OneTermStore(const OneTermStore&) = delete;
   OneTermStore& operator=(const OneTermStore&) = delete;
-  ~OneTermStore() { std::free(store_.bodies[kEarthSlot].terms); }
+  ~OneTermStore() { std::free(const_cast<SeriesTerm*>(store_.bodies[kEarthSlot].terms)); }
 
   const EphemerisStore& Load(double amplitude) {
-    std::free(store_.bodies[kEarthSlot].terms);
+    std::free(const_cast<SeriesTerm*>(store_.bodies[kEarthSlot].terms));
     const std::string folder = ::testing::TempDir();
     const std::string index_name = folder + "/moment_cache.ndx";
     const std::string data_name = folder + "/moment_cache.dat";

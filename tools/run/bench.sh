@@ -19,6 +19,10 @@ echo
 if tools/run/build.sh linux bench_series 2>/dev/null; then
   build/linux/bench/bench_series --benchmark_min_time=0.3 2>/dev/null
 fi
+echo
+if tools/run/build.sh linux bench_searches 2>/dev/null; then
+  build/linux/bench/bench_searches --benchmark_min_time=0.3 2>/dev/null
+fi
 
 if [ -n "$(tools/setup/presets.sh win32)" ]; then
   echo

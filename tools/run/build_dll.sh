@@ -1,5 +1,5 @@
 #!/bin/bash
-# Builds the DLL in every width for which there is a compiler. The 32-bit one must be there.
+# Builds both DLLs in every width for which there is a compiler. The 32-bit one must be there.
 set -eu
 cd "$(dirname "$0")/../.."
 widths=$(tools/setup/presets.sh --build win32 win64)
@@ -11,6 +11,6 @@ case $widths in
     ;;
 esac
 for width in $widths; do
-  tools/run/build.sh "$width" zenithor
-  echo "out/$width/zenithor.dll"
+  tools/run/build.sh "$width" zenithor zenithor_values
+  echo "out/$width/zenithor.dll out/$width/zenithor_values.dll"
 done

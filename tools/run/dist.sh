@@ -8,10 +8,12 @@ name=zenithor-sdk-$version
 staging=build/dist/$name
 rm -rf build/dist
 mkdir -p out/dist "$staging"/{include/zenithor,win32,win64,linux,data/archive,docs}
-cp include/zenithor/zenithor.h "$staging/include/zenithor/"
+cp include/zenithor/{zenithor,values}.h "$staging/include/zenithor/"
+cp out/win32/{zenithor_values.dll,libzenithor_values.dll.a,zenithor_values.lib} "$staging/win32/"
 cp out/win32/{zenithor.dll,libzenithor.dll.a,zenithor.lib,almanac.exe} "$staging/win32/"
+cp out/win64/{zenithor_values.dll,libzenithor_values.dll.a,zenithor_values.lib} "$staging/win64/"
 cp out/win64/{zenithor.dll,libzenithor.dll.a,zenithor.lib} "$staging/win64/"
-cp out/linux/libzenithor.so "$staging/linux/"
+cp out/linux/libzenithor{,_values}.so "$staging/linux/"
 cp out/data/archive/karvo.{ndx,dat} "$staging/data/archive/"
 cp docs/*.md "$staging/docs/"
 cp packaging/sdk-readme.txt "$staging/README.txt"

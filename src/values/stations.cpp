@@ -1,0 +1,130 @@
+#include "values/stations.h"
+
+#include <cmath>
+#include <limits>
+
+#include "search/turning_points.h"
+#include "values/field_source.h"
+#include "values/fields.h"
+#include "zenithor/values.h"
+
+namespace zenithor {
+
+namespace {
+
+// [day] of the difference quotient, by body. For the fast ones it is that in which the full series
+// are compared with the guide: what the guide lacks is so small that two values tell its rate. The
+// others have six values of the full series. The derivatives beyond make a moment wrong by less
+// than 1e-7 day; rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their
+// longitude bends by 0.0005 degree/day^2 only.
+constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {0.0625, 0.0625, 0.0625, 0.0625, 0.0625, 0.5,
+                                                   0.5,    0.5,    0.5,    0.5,    0.0625};
+constexpr double kResidualSpacing = 0.0625;
+
+// The rate of the guide by the two values nearest to a moment.
+struct GuideRate {
+  FieldSource* guide;
+  double period;
+};
+
+void EvaluateGuideRate(void* context, const double* times, std::int32_t count, double* values) {
+  const GuideRate& rate = *static_cast<GuideRate*>(context);
+  const TimeFunction guide = FunctionOfSource(*rate.guide);
+  for (std::int32_t i = 0; i < count; ++i) {
+    const double around[] = {times[i] - kResidualSpacing, times[i] + kResidualSpacing};
+    double f[2];
+    guide.evaluate(guide.context, around, 2, f);
+    values[i] = Departure(f[1], f[0], rate.period) / (2.0 * kResidualSpacing);
+  }
+}
+
+void EvaluateRate(void* context, const double* times, std::int32_t count, double* values) {
+  const DifferenceQuotient& quotient = *static_cast<DifferenceQuotient*>(context);
+  for (std::int32_t i = 0; i < count; ++i) {
+    values[i] = DerivativeAt(quotient, times[i]);
+  }
+}
+
+// Holds addresses of its own members.
+struct StationWalk {
+  bool turns;
+  SourcePair sources;
+  DifferenceQuotient rate;
+  GuideRate guide_rate;
+  RootWalk roots;
+};
+
+std::int32_t BeginStations(StationWalk& walk, const SearchStores& stores, PositionState& state,
+                           std::int32_t body, std::int32_t field, double from, double to) {
+  if (!IsBody(body)) {
+    return ZENITHOR_ERROR_BODY;
+  }
+  const FieldBounds* const bounds = BoundsOf(body, field);
+  if (bounds == nullptr || (PeriodOfField(field) != 360.0 && field != ZENITHOR_FIELD_DECLINATION)) {
+    return ZENITHOR_ERROR_FIELD;
+  }
+  if (!IsDayOfSpan(from) || !IsDayOfSpan(to)) {
+    return ZENITHOR_ERROR_SPAN;
+  }
+  walk.turns = bounds->lowest_rate < 0.0;
+  if (!walk.turns) {
+    return 0;
+  }
+  walk.sources = PairOf(stores, state, body, kNoOther, field);
+  const double spacing = kSpacings[body];
+  const bool compared = walk.sources.guided && spacing == kResidualSpacing;
+  const TimeFunction none{nullptr, nullptr};
+  const double period = PeriodOfField(field);
+  walk.rate = {FunctionOfSource(walk.sources.full),
+               compared ? FunctionOfSource(walk.sources.guide) : none, period, spacing};
+  RootProblem problem{};
+  problem.function = {EvaluateRate, &walk.rate};
+  problem.bend = bounds->bend_rate;
+  // The weights of six values add up to 11/3, those of two to 1.
+  problem.noise = 4.0 * bounds->noise / spacing;
+  problem.step = 0.5 * bounds->bend / bounds->bend_rate;
+  problem.tolerance = kMomentTolerance;
+  if (walk.sources.guided) {
+    walk.guide_rate = {&walk.sources.guide, period};
+    problem.guide = {EvaluateGuideRate, &walk.guide_rate};
+    // Two values give the third derivative's share wrong.
+    problem.guide_error =
+        bounds->guide_rate_error + kResidualSpacing * kResidualSpacing / 6.0 * bounds->bend_rate;
+  }
+  return BeginRoots(walk.roots, problem, from, to) ? 0 : ZENITHOR_ERROR_SPAN;
+}
+
+bool NextStation(StationWalk& walk, Root& turn) {
+  // A rate that only touches 0 is no turn.
+  while (walk.turns && NextRoot(walk.roots, turn)) {
+    if (turn.direction != 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+std::int32_t FindStations(const SearchStores& stores, PositionState& state, std::int32_t body,
+                          std::int32_t field, double from, double to, double* julian_days,
+                          std::int32_t* directions, std::int32_t capacity) {
+  if (const std::int32_t error = SpanError(from, to, julian_days, capacity); error != 0) {
+    return error;
+  }
+  StationWalk walk;
+  const std::int32_t error = BeginStations(walk, stores, state, body, field, from, to);
+  return error != 0 ? error : FillMoments(walk, NextStation, {julian_days, directions, capacity});
+}
+
+double NextStationAfter(const SearchStores& stores, PositionState& state, std::int32_t body,
+                        std::int32_t field, double after) {
+  StationWalk walk;
+  Root turn;
+  const bool found =
+      BeginStations(walk, stores, state, body, field, JustAfter(after), ZENITHOR_LAST_DAY) == 0 &&
+      NextStation(walk, turn);
+  return found ? turn.moment : std::numeric_limits<double>::quiet_NaN();
+}
+
+}  // namespace zenithor
