@@ -20,22 +20,21 @@ SearchStores Stores() {
 int32_t AnswerDirectedCrossings(int32_t body, int32_t field, double target, double from, double to,
                                 double* days, int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindCrossings(Stores(), state.Get(), body, field, target, from, to, days,
-                       directions, capacity);
+  return FindCrossings(Stores(), state.Get(), body, field, target, from, to, days, directions,
+                       capacity);
 }
 
 int32_t AnswerDirectedStations(int32_t body, int32_t field, double from, double to, double* days,
                                int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindStations(Stores(), state.Get(), body, field, from, to, days, directions,
-                      capacity);
+  return FindStations(Stores(), state.Get(), body, field, from, to, days, directions, capacity);
 }
 
 int32_t AnswerDirectedAspects(int32_t body, int32_t other, int32_t field, double angle, double from,
                               double to, double* days, int32_t* directions, int32_t capacity) {
   CallState state;
-  return FindAspects(Stores(), state.Get(), body, other, field, angle, from, to, days,
-                     directions, capacity);
+  return FindAspects(Stores(), state.Get(), body, other, field, angle, from, to, days, directions,
+                     capacity);
 }
 
 int32_t AnswerCrossings(int32_t body, int32_t field, double target, double from, double to,
