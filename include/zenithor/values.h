@@ -207,10 +207,10 @@ int32_t ZENITHOR_VALUES_CALL ZenithorTable(const int32_t* bodies, int32_t bodyCo
  * that steps (106 and the calendar's 18 to 23) takes a value at the first moment that has it; of
  * the calendar a span of at most 366 days is searched for hours, minutes and seconds
  * (ZENITHOR_ERROR_SPAN). The wrap from 360 to 0 is no crossing of 180. Angles run on
- * through 0 for a search, also where fields 1 and 7 lose the sign of an angle just below 0. Rounding
- * is 1e-10 degree in our centuries, up to 1e-8 (the Moon) 4000 years away; a contact closer than
- * that to a turn is one moment. When Pluto passes behind the Sun the bending of its light grows
- * without limit: of contacts that this alone makes some may be missed. */
+ * through 0 for a search, also where fields 1 and 7 lose the sign of an angle just below 0.
+ * Rounding is 1e-10 degree in our centuries, up to 1e-8 (the Moon) 4000 years away; a contact
+ * closer than that to a turn is one moment. When Pluto passes behind the Sun the bending of its
+ * light grows without limit: of contacts that this alone makes some may be missed. */
 int32_t ZENITHOR_VALUES_CALL ZenithorCrossings(int32_t body, int32_t field, double target,
                                                double from, double to, double* julianDays,
                                                int32_t capacity);
