@@ -66,7 +66,7 @@ inside() {
 # make_base SYSTEM SECURITY LOG: the bare system, with what cloning and make need.
 make_base() {
   local system=$1 security=$2
-  debootstrap --variant=minbase "$release" "$system" "$mirror" || return 1
+  unshare --mount debootstrap --variant=minbase "$release" "$system" "$mirror" || return 1
   for file in /etc/resolv.conf /etc/hosts; do
     [ ! -f $file ] || cp $file "$system/etc/"
   done
