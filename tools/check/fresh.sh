@@ -10,8 +10,7 @@
 #   --folder NAME            the clone's folder; zenithor without this
 #   --keep                   leaves the systems where they are
 # They are made below build/fresh, or below the folder that ZENITHOR_FRESH names, and the logs stay there.
-# Ends with 1 where a target failed. make test takes an hour of one core's work, and not a new user's
-# patience but this machine's speed decides how long that is.
+# Ends with 1 where a target failed. Minutes include what is downloaded and installed.
 set -eu
 cd "$(dirname "$0")/../.."
 repository=$PWD
@@ -32,6 +31,11 @@ mkdir -p "${ZENITHOR_FRESH:-build/fresh}"
 work=$(cd "${ZENITHOR_FRESH:-build/fresh}" && pwd)
 if [ "$(id -u)" != 0 ] || ! command -v debootstrap >/dev/null; then
   echo "fresh.sh needs root and debootstrap" >&2
+  exit 1
+fi
+exec 9>"$work/lock"
+if ! flock -n 9; then
+  echo "Another fresh.sh works in $work" >&2
   exit 1
 fi
 
@@ -62,7 +66,7 @@ inside() {
 # make_base SYSTEM SECURITY LOG: the bare system, with what cloning and make need.
 make_base() {
   local system=$1 security=$2
-  debootstrap --variant=minbase "$release" "$system" "$mirror" || return 1
+  unshare --mount debootstrap --variant=minbase "$release" "$system" "$mirror" || return 1
   for file in /etc/resolv.conf /etc/hosts; do
     [ ! -f $file ] || cp $file "$system/etc/"
   done

@@ -15,6 +15,7 @@ mkdir -p build
 : >build/CTestTestfile.cmake
 for preset in $presets; do
   started=$SECONDS
+  echo "Building $preset"
   tools/run/build.sh "$preset"
   echo "Built $preset in $((SECONDS - started)) s"
   echo "subdirs(\"$PWD/build/$preset\")" >>build/CTestTestfile.cmake
