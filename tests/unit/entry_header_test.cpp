@@ -77,7 +77,7 @@ void EraseAll(std::string& text, const std::string& first, const std::string& la
 std::string Declarations() {
   std::string text = HeaderText();
   EraseAll(text, "/*", "*/");
-  EraseAll(text, "\\", "\n");
+  EraseAll(text, "\\\n", "\n");
   std::string kept;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find('\n', at), text.size());

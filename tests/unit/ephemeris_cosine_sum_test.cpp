@@ -231,7 +231,7 @@ TEST(FastSum, IsTheSameBitsWithAndWithoutRoom) {
     for (int k = 0; k < 200; ++k) {
       const double centuries = -80.0 + 0.803 * k;
       ASSERT_TRUE(SameBytes(SumStoredSeries(FullStore(), slot, centuries, &room),
-                           SumStoredSeries(FullStore(), slot, centuries, nullptr)))
+                            SumStoredSeries(FullStore(), slot, centuries, nullptr)))
           << slot << " " << centuries;
     }
   }

@@ -40,8 +40,9 @@ THIS_PLATFORM = ("__x86_64__",)
 OTHER_PLATFORM = ("_WIN32", "_WIN64", "__i386__")
 # Tests of the finished library: of its answers; of its load and its manners.
 ANSWER_TESTS = ["-R", r"\.host\.(Golden|AnswersHash)"]
-MANNER_TESTS = ["-R", r"\.host\.|hostile_", "-E",
-                "Golden|AnswersHash|HeaderIsClean|exit_during|thread_churn|Guide|LinkedByName"]
+MANNER_TESTS = ["-R", r"\.host\.(Exports$|RecordLayouts|ThreadsDoNothing|Files|IndexFile|DataFile|BothFiles|NoHome|"
+                r"OneLetter|Empty|Root|LoadFrees)|hostile_(processor_state|misaligned_stack|procedure|null_record|"
+                r"page_end|reload|load_elsewhere|threads|any_argument)$"]
 HOST_PROGRAMS = ("zenithor load_host load_heap_host exports_host golden_host records_host answers_hash "
                  "threads_host hostile_processor_state hostile_misaligned_stack hostile_procedure "
                  "hostile_null_record hostile_page_end hostile_reload hostile_load_elsewhere "
