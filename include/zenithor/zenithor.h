@@ -252,8 +252,9 @@ double ZENITHOR_CALL PARTIAL_SE(double JulianDay, EventRecord* Record)
  * than 0.53 lunation after it; one up to about six days past is found again. ALL_LE returns the
  * eclipse whatever its kind, block 18; TOTAL_LE reads block 15 (total), PARTIAL_LE 16 (partial in
  * the umbra), PENUM_LE 17 (penumbral). A search from afar is answered as the formulas have it, up
- * to 2.66e17 days, where lunations cannot be counted: 0.0 and zeroed blocks. Source: Meeus, Astronomical Algorithms, chapter 54; the
- * instants carry the corrections of solar eclipses on purpose, which moves them by up to 142 s. */
+ * to 2.66e17 days, where lunations cannot be counted: 0.0 and zeroed blocks. Source: Meeus,
+ * Astronomical Algorithms, chapter 54; the instants carry the corrections of solar eclipses on
+ * purpose, which moves them by up to 142 s. */
 double ZENITHOR_CALL ALL_LE(double JulianDay, double Ignored1, double Ignored2, EventRecord* Record)
     ZENITHOR_EXPORTED_AS("_ALL_LE");
 double ZENITHOR_CALL TOTAL_LE(double JulianDay, EventRecord* Record)

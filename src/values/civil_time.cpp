@@ -46,7 +46,7 @@ bool IsDate(std::int32_t year, std::int32_t month, std::int32_t day) {
 
 std::int64_t DayNumber(std::int32_t year, std::int32_t month, std::int32_t day) {
   // Years and months from March on, so that the leap day comes last.
-  const std::int64_t y = month > 2 ? year : std::int64_t{year} - 1;
+  const std::int64_t y = std::int64_t{year} - (month > 2 ? 0 : 1);
   const std::int64_t m = month > 2 ? month - 3 : month + 9;
   const std::int64_t days = (153 * m + 2) / 5 + day - 1 + 365 * y + FloorDivide(y, 4);
   return IsGregorian(year, month, day)

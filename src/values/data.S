@@ -31,5 +31,8 @@ SYMBOL(zenithor_linked_terms):
 SYMBOL(zenithor_linked_terms_end):
 
 #if !defined(_WIN32)
+#if defined(__CET__)
+#include <cet.h> /* marks this part for control-flow enforcement, as the compiled ones are */
+#endif
   .section .note.GNU-stack, "", @progbits
 #endif

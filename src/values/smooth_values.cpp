@@ -154,7 +154,7 @@ void ComputeSmoothPlace(const EphemerisStore& store, PositionState& state, int b
                part, place);
   }
   if (part >= SmoothPart::kElongation && body != ZENITHOR_BODY_SUN) {
-    SmoothPlace sun;
+    SmoothPlace sun{};
     ComputeSmoothPlace(store, state, ZENITHOR_BODY_SUN, julian_day, SmoothPart::kApparent, sun);
     place.half_angle_sine = HalfAngleSine(place, sun);
   }

@@ -31,7 +31,7 @@ static const uint64_t kOffsets[] = {0, 8};
 enum {
   kStateCount = sizeof kStates / sizeof kStates[0],
   kOffsetCount = sizeof kOffsets / sizeof kOffsets[0],
-  kCallsPerFunction = 20
+  kCallsPerFunction = 1
 };
 
 /* What CallInState calls: no arithmetic and no library between the state and the call. */

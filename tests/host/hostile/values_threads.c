@@ -5,7 +5,7 @@
 #include "memory.h"
 #include "values_hostile.h"
 
-enum { kThreads = 8, kDistinctCalls = 800, kCallsPerThread = 8000, kChurned = 1500, kLoads = 60 };
+enum { kThreads = 8, kDistinctCalls = 136, kCallsPerThread = 400, kChurned = 300, kLoads = 20 };
 
 static ValueAnswer* expected; /* of a lone caller */
 static int mismatches[kThreads];
