@@ -294,7 +294,7 @@ enum {
   ZENITHOR_DAILY_NEVER_UP = 2,  /* it stays below, the transit too */
   ZENITHOR_DAILY_NONE = 3,      /* not on this day, but on the days before and after: once a month
                                    the Moon does not rise, and does not set */
-  ZENITHOR_DAILY_UNSETTLED = 4  /* the body grazes the horizon, and no time can be told */
+  ZENITHOR_DAILY_UNSETTLED = 4  /* the places are no numbers, so no time can be told */
 };
 
 /* When a body rises, crosses the meridian and sets on a civil day.
