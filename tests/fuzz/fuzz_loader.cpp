@@ -98,7 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   // A process never gives its terms back; a fuzzer has to.
   for (const zenithor::BodySeries& body : store.bodies) {
-    std::free(body.terms);
+    std::free(const_cast<zenithor::SeriesTerm*>(body.terms));
   }
   return 0;
 }
