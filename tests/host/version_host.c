@@ -26,6 +26,17 @@ static const char* StringOf(const void* resource, const char* name) {
   return VerQueryValueA(resource, block, &text, &length) && length > 1 ? (const char*)text : "";
 }
 
+/* What stands behind the last separator of a path. */
+static const char* FileNameOf(const char* path) {
+  const char* name = path;
+  for (; *path != '\0'; ++path) {
+    if (*path == '/' || *path == '\\') {
+      name = path + 1;
+    }
+  }
+  return name;
+}
+
 int main(int count, char** words) {
   static char resource[4096];
   void* part = NULL;
@@ -59,6 +70,7 @@ int main(int count, char** words) {
   snprintf(version, sizeof version, "%s.%s.%s.0", words[2], words[3], words[4]);
   Expect(strcmp(StringOf(resource, "FileVersion"), version) == 0, "FileVersion");
   Expect(strcmp(StringOf(resource, "ProductVersion"), version) == 0, "ProductVersion");
-  Expect(strcmp(StringOf(resource, "OriginalFilename"), "zenithor.dll") == 0, "OriginalFilename");
+  Expect(strcmp(StringOf(resource, "OriginalFilename"), FileNameOf(words[1])) == 0,
+         "OriginalFilename");
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
