@@ -15,7 +15,8 @@ namespace {
 // several times as slow and the same bits.
 void SumTracksWithoutRoom(const TermTracks& tracks, double millennia, double* sums) {
   constexpr std::uint16_t kInTurn[kTrackCount] = {0, 2, 4, 6};
-  FourInPairs t, sum;
+  FourInPairs t;
+  FourInPairs sum;
   Repeat(millennia, t);
   Repeat(0.0, sum);
   std::int32_t step = 0;
@@ -26,7 +27,9 @@ void SumTracksWithoutRoom(const TermTracks& tracks, double millennia, double* su
         of_tracks[track] = tracks.frequencies[tracks.indices[kTrackCount * step + track] / 2];
       }
       alignas(16) double cosine_sine[2 * kTrackCount];
-      FourInPairs frequency, cosine, sine;
+      FourInPairs frequency;
+      FourInPairs cosine;
+      FourInPairs sine;
       LoadFour(of_tracks, frequency);
       CosinesAndSinesOfFour(frequency * t, cosine, sine);
       StoreFour(cosine, sine, cosine_sine);

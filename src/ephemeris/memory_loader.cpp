@@ -34,7 +34,8 @@ std::size_t LoadFromMemory(EphemerisStore& store, const EphemerisImage& image) {
       total += range.term_count;
     }
     const std::int32_t first = body.index.series[0].first_term;
-    if (!counts_hold || first < 0 || static_cast<std::size_t>(first + total) > term_count) {
+    if (!counts_hold || first < 0 ||
+        static_cast<std::size_t>(first) + static_cast<std::size_t>(total) > term_count) {
       continue;
     }
     const std::size_t size = ArrangedSize(body.index, total);

@@ -97,6 +97,8 @@ int32_t AnswerTable(const int32_t* bodies, int32_t body_count, const int32_t* fi
                     body_stride, field_stride});
 }
 
+// They are written through the record that takes them.
+// NOLINTBEGIN(readability-non-const-parameter)
 int32_t AnswerEvents(int32_t kind, double from, double to, double* days, int32_t capacity) {
   MomentArray moments{days, nullptr, capacity};
   return EventsInto(KindSetOf(kind), from, to, moments);
@@ -107,6 +109,7 @@ int32_t AnswerEventsOfKinds(int32_t kind_set, double from, double to, double* da
   MomentArray moments{days, kinds, capacity};
   return EventsInto(SingleKinds(kind_set), from, to, moments);
 }
+// NOLINTEND(readability-non-const-parameter)
 
 double AnswerNextEvent(int32_t kind, double after) {
   return EventAfter(KindSetOf(kind), after).julian_day;

@@ -39,6 +39,13 @@ std::int32_t BlockOf(EventFamily family, std::int32_t kind) {
 
 constexpr double kNoMore = std::numeric_limits<double>::infinity();
 
+double MomentOf(bool found, double julian_day) {
+  if (found) {
+    return julian_day;
+  }
+  return kNoMore;
+}
+
 // A day in the middle of a lunation, for PhaseInstant: the lunation is the same for all days some
 // two weeks around it.
 double MiddleOfLunation(double lunation) {
@@ -60,7 +67,7 @@ void Advance(Source& source) {
       // The next new moon is 29 days or more away, and none that is nearer than half of that is
       // another.
       const SolarEclipse eclipse = FindSolarEclipse(source.cursor);
-      source.julian_day = eclipse.found ? eclipse.jde : kNoMore;
+      source.julian_day = MomentOf(eclipse.found, eclipse.jde);
       source.kind = BlockOf(source.family, eclipse.kind);
       source.cursor = eclipse.jde + 0.5 * kSynodicMonth;
       return;
@@ -68,7 +75,7 @@ void Advance(Source& source) {
     case EventFamily::kLunarEclipses: {
       // A lunar search goes from the first new moon after its day to the full moon after that.
       const LunarEclipse eclipse = FindLunarEclipse(source.cursor);
-      source.julian_day = eclipse.found ? eclipse.jde : kNoMore;
+      source.julian_day = MomentOf(eclipse.found, eclipse.jde);
       source.kind = BlockOf(source.family, eclipse.kind);
       source.cursor = eclipse.jde;
       return;
