@@ -48,7 +48,7 @@ char* DataPath(const char* file) {
 bool CanWarn() {
   const int descriptor_flags = fcntl(STDERR_FILENO, F_GETFD);
   const int status_flags = fcntl(STDERR_FILENO, F_GETFL);
-  struct stat status {};
+  struct stat status = {};
   if (descriptor_flags < 0 || (descriptor_flags & FD_CLOEXEC) != 0 || status_flags < 0 ||
       fstat(STDERR_FILENO, &status) != 0) {
     return false;

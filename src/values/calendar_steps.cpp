@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "positions/calendar_fields.h"
+#include "values/record_field.h"
 #include "zenithor/values.h"
 
 namespace zenithor {
@@ -37,20 +38,7 @@ double UnitsPerDay(std::int32_t field) {
 double FieldAt(std::int32_t field, double julian_day) {
   BodyPositionRecord record{};
   WriteCalendarFields(julian_day, record);
-  switch (field) {
-    case ZENITHOR_FIELD_YEAR:
-      return record.Year;
-    case ZENITHOR_FIELD_MONTH:
-      return record.Month;
-    case ZENITHOR_FIELD_DAY:
-      return record.Day;
-    case ZENITHOR_FIELD_HOUR:
-      return record.Hour;
-    case ZENITHOR_FIELD_MINUTE:
-      return record.Minute;
-    default:
-      return record.Second;
-  }
+  return RecordField(record, field);
 }
 
 // Whether the field becomes the target within half a unit of `mark`, and when.
