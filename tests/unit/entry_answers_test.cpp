@@ -76,7 +76,8 @@ TEST(Answers, OfARisingTakeEachArgumentInItsPlace) {
   EXPECT_EQ(Answer(moon), AnswerOfTheRoutine(moon));
   EXPECT_EQ(AnswerOfTheExport(moon), AnswerOfTheRoutine(moon));
   const double ordinary = Answer(moon);
-  for (double RisingCall::*const argument :
+  using Argument = double RisingCall::*;
+  for (const Argument argument :
        {&RisingCall::day_number, &RisingCall::minutes, &RisingCall::zone_hours,
         &RisingCall::longitude_west, &RisingCall::latitude}) {
     RisingCall moved = moon;
