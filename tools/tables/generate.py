@@ -12,6 +12,7 @@ from datetime import date
 from decimal import Decimal
 from pathlib import Path
 
+import elementary_table
 import sincos_table
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -312,7 +313,39 @@ def sincos_steps():
                  sincos_table.table_rows())
 
 
+ELEMENTARY = ("tools/tables/elementary_table.py", "computed there in 60 digits")
+
+
+def turn_constants():
+    return "\n".join(head(*ELEMENTARY, "pi and pi / 2 as pairs of doubles [rad]")
+                     + elementary_table.turn_constants() + ["// clang-format on"]) + "\n"
+
+
+def logarithm_constants():
+    return "\n".join(head(*ELEMENTARY, "the logarithm's polynomial, and ln 2, no unit")
+                     + elementary_table.logarithm_constants() + ["// clang-format on"]) + "\n"
+
+
+def step_pieces():
+    return table(*ELEMENTARY, "2 pi / 512 in pieces of 22 bits [rad]", elementary_table.step_pieces())
+
+
+def step_rests():
+    return table(*ELEMENTARY, "cosine and sine of the 512 steps of a circle less their doubles, no unit",
+                 elementary_table.step_rests())
+
+
+def arctangents():
+    return table(*ELEMENTARY, "arctan(k / 64) for k = 8 to 64 as pairs of doubles [rad]",
+                 elementary_table.arctangents())
+
+
 TABLES = {
+    "src/numerics/turn_constants.inc": turn_constants,
+    "src/numerics/logarithm_constants.inc": logarithm_constants,
+    "src/numerics/step_pieces.inc": step_pieces,
+    "src/numerics/sincos_step_rests.inc": step_rests,
+    "src/numerics/arctangents.inc": arctangents,
     "src/numerics/sincos_constants.inc": sincos_constants,
     "src/numerics/sincos_steps.inc": sincos_steps,
     "src/time/nutation_terms.inc": nutation_terms,
