@@ -1,10 +1,10 @@
 #include "ephemeris/pluto_table.h"
 
-#include <cmath>
 #include <iterator>
 
 #include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
@@ -47,8 +47,7 @@ Spherical EvaluatePluto(double centuries) {
   for (const PlutoTerm& term : kTerms) {
     const double alpha =
         Multiple(term.j, jupiter) + Multiple(term.s, saturn) + Multiple(term.p, pluto);
-    const double sine = std::sin(alpha);
-    const double cosine = std::cos(alpha);
+    const auto [cosine, sine] = CosineAndSine(alpha);
     longitude += sine * term.longitude_sin + cosine * term.longitude_cos;
     latitude += sine * term.latitude_sin + cosine * term.latitude_cos;
     radius += sine * term.radius_sin + cosine * term.radius_cos;

@@ -1,22 +1,23 @@
 #include "ephemeris/series.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "ephemeris/cosine_sum.h"
 #include "ephemeris/pluto_table.h"
 #include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "numerics/extended.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
 namespace {
 
-constexpr long double kMillenniaPerCentury = 0.1L;
-constexpr double kFk5Amplitude = 0.03916;   // [arcsec]
-constexpr double kFk5Longitude = -0.09033;  // [arcsec]
+constexpr Extended kMillenniaPerCentury = {0x1.999999999999ap-4, -0x1.998p-58};  // 0.1
+constexpr double kFk5Amplitude = 0.03916;                                        // [arcsec]
+constexpr double kFk5Longitude = -0.09033;                                       // [arcsec]
 
-double Millennia(double centuries) { return static_cast<double>(centuries * kMillenniaPerCentury); }
+double Millennia(double centuries) { return TimesExtended(centuries, kMillenniaPerCentury); }
 
 // The rotation from the dynamical ecliptic of VSOP87 to the FK5 (Meeus, formula 32.3).
 void CorrectToFk5(double millennia, Spherical& place) {
@@ -24,10 +25,9 @@ void CorrectToFk5(double millennia, Spherical& place) {
   // to 0.0012" a century from J2000.0, 0.012" ten centuries away.
   const double lprime =
       place.longitude - (1.397 * millennia + 0.00031 * millennia * millennia) * kRadiansPerDegree;
-  const double cos_lprime = std::cos(lprime);
-  const double sin_lprime = std::sin(lprime);
+  const auto [cos_lprime, sin_lprime] = CosineAndSine(lprime);
   place.longitude +=
-      (kFk5Longitude + kFk5Amplitude * (cos_lprime + sin_lprime) * std::tan(place.latitude)) *
+      (kFk5Longitude + kFk5Amplitude * (cos_lprime + sin_lprime) * Tangent(place.latitude)) *
       kRadiansPerArcsecond;
   place.latitude += kFk5Amplitude * (cos_lprime - sin_lprime) * kRadiansPerArcsecond;
 }
@@ -42,7 +42,7 @@ void SumPlainly(const BodySeries& body, double t, double (&sums)[kSeriesCount]) 
     const SeriesTerm* const last = term + std::clamp<std::ptrdiff_t>(count, 0, end - term);
     sums[series] = 0.0;
     for (; term != last; ++term) {
-      sums[series] += term->amplitude * std::cos(term->phase + term->frequency * t);
+      sums[series] += term->amplitude * Cosine(term->phase + term->frequency * t);
     }
   }
 }
@@ -104,7 +104,8 @@ Rectangular EclipticRectangular(const EphemerisStore& store, int slot, double ce
                                 double epsilon) {
   const Rectangular r = SphericalToRectangular(EvaluateSunGeocentric(store, slot, centuries));
   if (slot != kEarthJ2000Slot) {
-    return TurnBackAboutFirstAxis(r, std::cos(epsilon), std::sin(epsilon));
+    const auto [cos_epsilon, sin_epsilon] = CosineAndSine(epsilon);
+    return TurnBackAboutFirstAxis(r, cos_epsilon, sin_epsilon);
   }
   // Meeus, formula 26.3.
   return {r.x + 4.4036e-7 * r.y - 1.90919e-7 * r.z,

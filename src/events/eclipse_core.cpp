@@ -7,6 +7,7 @@
 #include "events/lunar_phase.h"
 #include "moon/lunar_arguments.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
@@ -61,7 +62,7 @@ template <std::size_t count>
 double SumSines(const EclipseTerm (&terms)[count], const EclipseAngles& angles) {
   double sum = 0.0;
   for (const EclipseTerm& term : terms) {
-    sum += Weight(term, angles) * std::sin(Argument(term, angles));
+    sum += Weight(term, angles) * Sine(Argument(term, angles));
   }
   return sum;
 }
@@ -70,7 +71,7 @@ template <std::size_t count>
 double SumCosines(const EclipseTerm (&terms)[count], const EclipseAngles& angles) {
   double sum = 0.0;
   for (const EclipseTerm& term : terms) {
-    sum += Weight(term, angles) * std::cos(Argument(term, angles));
+    sum += Weight(term, angles) * Cosine(Argument(term, angles));
   }
   return sum;
 }
@@ -88,8 +89,8 @@ bool RulesOutSolarEclipse(double m, double e) {
   if (e > -20.0) {
     return false;
   }
-  const double of_u = 0.0046 * e * std::cos(m);
-  return of_u < -1.6 || -e * (0.171 * std::fabs(std::sin(m)) - 0.0037) > 4.0 + of_u;
+  const double of_u = 0.0046 * e * Cosine(m);
+  return of_u < -1.6 || -e * (0.171 * std::fabs(Sine(m)) - 0.0037) > 4.0 + of_u;
 }
 
 }  // namespace
@@ -102,7 +103,7 @@ EclipseGeometry ComputeEclipseGeometry(double k, Eclipses wanted) {
   // of the mean phase: up to 3.2 s and 0.00044 in gamma within 1000 years of 2000, 84 s and 0.029
   // about 2000 BC. The signs alone make 0.9 s and 0.00006, 244 s and 0.004.
   const double f = LunarLatitudeArgument(centuries);
-  if (!IsNearNode(std::sin(f))) {
+  if (!IsNearNode(Sine(f))) {
     return {mean_jde, 0.0, 2.0, 0.0};
   }
 
@@ -115,12 +116,12 @@ EclipseGeometry ComputeEclipseGeometry(double k, Eclipses wanted) {
 
   angles.mprime = LunarMoonAnomaly(centuries);
   angles.omega = LunarNode(centuries);
-  angles.f1 = f - 0.0004651302456564888 * std::sin(angles.omega);  // 0.02665 degree
+  angles.f1 = f - 0.0004651302456564888 * Sine(angles.omega);  // 0.02665 degree
   angles.a1 = (299.77 + 0.107408 * k - 0.009173 * centuries * centuries) * kRadiansPerDegree;
   const double p = SumSines(kPTerms, angles);
   const double q = SumCosines(kQTerms, angles);
-  const double w = std::fabs(std::cos(angles.f1));
-  const double gamma = (p * std::cos(angles.f1) + q * std::sin(angles.f1)) * (1.0 - 0.0048 * w);
+  const double w = std::fabs(Cosine(angles.f1));
+  const double gamma = (p * Cosine(angles.f1) + q * Sine(angles.f1)) * (1.0 - 0.0048 * w);
   const double abs_gamma = std::fabs(gamma);
   const double u = SumCosines(kUTerms, angles);
 

@@ -4,6 +4,7 @@
 
 #include "events/eclipse_core.h"
 #include "events/lunar_phase.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
@@ -32,7 +33,7 @@ LunarEclipse DescribeLunarEclipse(const EclipseGeometry& at) {
   if (!(magnitude > 0.0)) {
     return {};
   }
-  const double n = (0.5458 + 0.04 * std::cos(at.mprime)) * 24.0;
+  const double n = (0.5458 + 0.04 * Cosine(at.mprime)) * 24.0;
   LunarEclipse eclipse{true, at.jde, kPenumbralEclipse, magnitude, 0.0, 0.0};
   if (!umbral) {
     eclipse.outer_semiduration = Semiduration(kPenumbralLimit + at.u, at.abs_gamma, n);

@@ -6,6 +6,7 @@
 #include "moon/lunar_arguments.h"
 #include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
@@ -101,18 +102,18 @@ double PhaseInstant(double julian_day, std::int32_t phase) {
   const double e = EccentricityFactor(centuries);
   const double power_of_e[] = {1.0, e, e * e};
 
-  jde -= 0.00017 * std::sin(omega);
+  jde -= 0.00017 * Sine(omega);
   double sum = 0.0;
   for (const PhaseTerm& term : kTerms) {
     const double argument = term.m * m + term.mprime * mprime + term.f * f;
-    sum += Coefficient(term, phase) * (std::sin(argument) * power_of_e[term.e]);
+    sum += Coefficient(term, phase) * (Sine(argument) * power_of_e[term.e]);
   }
   jde += sum;
 
   if (phase == kFirstQuarter || phase == kLastQuarter) {
-    const double w = 0.00306 - 0.00038 * e * std::cos(m) + 0.00026 * std::cos(mprime) -
-                     0.00002 * std::cos(mprime - m) + 0.00002 * std::cos(mprime + m) +
-                     0.00002 * std::cos(2.0 * f);
+    const double w = 0.00306 - 0.00038 * e * Cosine(m) + 0.00026 * Cosine(mprime) -
+                     0.00002 * Cosine(mprime - m) + 0.00002 * Cosine(mprime + m) +
+                     0.00002 * Cosine(2.0 * f);
     jde += phase == kFirstQuarter ? w : -w;
   }
 
@@ -123,7 +124,7 @@ double PhaseInstant(double julian_day, std::int32_t phase) {
     if (&term == &kPlanetaryTerms[1]) {
       argument -= 0.009173 * centuries * centuries;
     }
-    jde += term.c * std::sin(argument * kRadiansPerDegree);
+    jde += term.c * Sine(argument * kRadiansPerDegree);
   }
   return jde;
 }

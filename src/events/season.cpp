@@ -1,10 +1,10 @@
 #include "events/season.h"
 
-#include <cmath>
 #include <iterator>
 
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
+#include "numerics/sine_cosine.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
@@ -45,10 +45,10 @@ double SeasonInstant(std::int32_t year, std::int32_t season) {
 
   const double centuries = JulianCenturies(jde0);
   const double w = (35999.373 * centuries - 2.47) * kRadiansPerDegree;
-  const double delta_lambda = 1.0 + 0.0334 * std::cos(w) + 0.0007 * std::cos(2.0 * w);
+  const double delta_lambda = 1.0 + 0.0334 * Cosine(w) + 0.0007 * Cosine(2.0 * w);
   double s = 0.0;
   for (const SeasonTerm& term : kTerms) {
-    s += term.a * std::cos((term.b + term.c * centuries) * kRadiansPerDegree);
+    s += term.a * Cosine((term.b + term.c * centuries) * kRadiansPerDegree);
   }
   return jde0 + 0.00001 * s / delta_lambda;
 }

@@ -1,11 +1,11 @@
 #include "moon/lunar_series.h"
 
-#include <cmath>
 #include <cstddef>
 #include <iterator>
 
 #include "moon/lunar_arguments.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "numerics/trigonometric_series.h"
 #include "numerics/turns.h"
 #include "time/mean_angle.h"
@@ -142,13 +142,11 @@ LunarPosition ComputeLunarPosition(double centuries) {
   double latitude = SumLunarLatitudeTerms(state);
   const double distance = SumLunarDistanceTerms(state);
 
-  longitude +=
-      0.003958 * std::sin(a1) + 0.001962 * std::sin(lprime - state.F) + 0.000318 * std::sin(a2);
+  longitude += 0.003958 * Sine(a1) + 0.001962 * Sine(lprime - state.F) + 0.000318 * Sine(a2);
   // The published pair 0.000175 sin(A1 - F) + 0.000175 sin(A1 + F) as one product.
-  latitude += -0.002235 * std::sin(lprime) + 0.000382 * std::sin(a3) +
-              0.00035 * std::sin(a1) * std::cos(state.F) +
-              0.000127 * std::sin(lprime - state.Mprime) -
-              0.000115 * std::sin(lprime + state.Mprime);
+  latitude += -0.002235 * Sine(lprime) + 0.000382 * Sine(a3) +
+              0.00035 * Sine(a1) * Cosine(state.F) + 0.000127 * Sine(lprime - state.Mprime) -
+              0.000115 * Sine(lprime + state.Mprime);
 
   // Kept on purpose: lifted from below only; a longitude above a full turn stays there, by up to
   // 7.7 degrees.

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "numerics/constants.h"
+#include "numerics/extended.h"
 #include "numerics/integers.h"
 #include "numerics/turns.h"
 
@@ -11,7 +12,7 @@ namespace zenithor {
 
 namespace {
 
-constexpr long double kTurnsPerRadian = 0.159154943091895335768883763372514362L;  // 1 / 2 pi
+constexpr Extended kTurnsPerRadian = {0x1.45f306dc9c883p-3, -0x1.6bp-57};  // 1 / 2 pi
 
 // x less `whole_turns` turns, then brought into [0, turn) by single turns.
 double ReduceBySingleTurns(double x, double turn, double whole_turns) {
@@ -24,12 +25,12 @@ double ReduceBySingleTurns(double x, double turn, double whole_turns) {
 }  // namespace
 
 double ReduceAngle(double angle) {
-  const auto turns = static_cast<double>(angle * kTurnsPerRadian);
+  const double turns = TimesExtended(angle, kTurnsPerRadian);
   return angle - std::floor(turns) * kTwoPi;
 }
 
 double ReduceAngleSigned(double angle) {
-  const auto turns = static_cast<double>(angle * kTurnsPerRadian);
+  const double turns = TimesExtended(angle, kTurnsPerRadian);
   return angle - std::floor(turns + 0.5) * kTwoPi;
 }
 

@@ -9,6 +9,7 @@ namespace zenithor {
 
 namespace {
 
+#include "numerics/arcsine_constants.inc"
 #include "numerics/turn_constants.inc"
 
 // arctan(k / 64), k = 8 to 64.
@@ -18,14 +19,18 @@ constexpr Pair kArctangents[] = {
 #include "numerics/arctangents.inc"
 };
 
-// arctan q for 0 <= q <= 1 as high + low: below 1/8 by Taylor's series, whose first missing term is
-// 2^-64 of q; else from the nearest step c = k / 64 and
-//     arctan q = arctan c + arctan t, t = (q - c) / (1 + c q), |t| <= 1/128 (1 + 2^-6),
-// q - c exact. Low is rounded by 2^-60 of high.
-Pair ArctangentOfProper(Pair q) {
-  const double x = q.high;
-  if (x < kFirstStep / kStepsPerUnit) {
-    const double z = x * x;
+// arctan (y / x) for 0 <= y <= x, x > 0, as high + low, the sides of a size that products may have.
+// For a quotient q below 1/8 Taylor's series, whose first missing term is 2^-64 of q; else from the
+// nearest step c = k / 64 and
+//     arctan q = arctan c + arctan t, t = (y - c x) / (x + c y), |t| <= 1/128 (1 + 2^-6),
+// where c times each half of x and the first difference are exact. Low is rounded by less than
+// 2^-59 of high.
+Pair ArctangentOfSides(double y, double x) {
+  const double q = y / x;
+  if (q < kFirstStep / kStepsPerUnit) {
+    const Pair product = TwoProduct(q, x);
+    const double rest = ((y - product.high) - product.low) / x;
+    const double z = q * q;
     const double series =
         -1.0 / 3.0 +
         z * (1.0 / 5.0 +
@@ -34,59 +39,64 @@ Pair ArctangentOfProper(Pair q) {
                        z * (-1.0 / 11.0 +
                             z * (1.0 / 13.0 +
                                  z * (-1.0 / 15.0 + z * (1.0 / 17.0 + z * (-1.0 / 19.0))))))));
-    return {x, q.low + x * z * series};
+    return {q, rest + q * z * series};
   }
-  const int step = static_cast<int>(x * kStepsPerUnit + 0.5);
+  const int step = static_cast<int>(q * kStepsPerUnit + 0.5);
   const double c = step / kStepsPerUnit;
-  const double t = ((x - c) + q.low) / (1.0 + c * x);
+  const Pair halves = SplitInHalves(x);
+  const double t = ((y - c * halves.high) - c * halves.low) / (x + c * y);
   const double z = t * t;
   const double series = -1.0 / 3.0 + z * (1.0 / 5.0 + z * (-1.0 / 7.0));
   const Pair at = kArctangents[step - kFirstStep];
   return {at.high, at.low + (t + t * z * series)};
 }
 
-// turn +- angle, where the turn is the larger one.
-Pair Beyond(Pair turn, Pair angle) {
-  const Pair sum = TwoSum(turn.high, angle.high);
-  return {sum.high, sum.low + (turn.low + angle.low)};
+// turn + angle, |turn| >= |angle|, rounded once.
+double Beyond(Pair turn, Pair angle) {
+  const Pair sum = QuickTwoSum(turn.high, angle.high);
+  return sum.high + (sum.low + (turn.low + angle.low));
 }
 
 Pair Negative(Pair a) { return {-a.high, -a.low}; }
 
-double Sum(Pair a) { return a.high + a.low; }
-
-// The angle of the point (x, y), y >= 0, not both 0, each 0 or of a size that Quotient takes: in
-// [0, pi].
-double AngleOfPoint(Pair y, Pair x) {
-  const bool left = x.high < 0.0;
-  if (left) {
-    x = Negative(x);
+// The angle of the point (x, y), y >= 0, not both 0, in [0, pi]; the sides of a size that products
+// may have.
+double AngleOfPoint(double y, double x) {
+  const double width = std::fabs(x);
+  if (y > width) {
+    const Pair angle = ArctangentOfSides(width, y);
+    return Beyond(kHalfPiPair, x < 0.0 ? angle : Negative(angle));
   }
-  if (y.high > x.high) {
-    const Pair angle = ArctangentOfProper(Quotient(x, y));
-    return Sum(Beyond(kHalfPiPair, left ? angle : Negative(angle)));
-  }
-  const Pair angle = ArctangentOfProper(Quotient(y, x));
-  return left ? Sum(Beyond(kPiPair, Negative(angle))) : Sum(angle);
+  const Pair angle = ArctangentOfSides(y, width);
+  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : angle.high + angle.low;
 }
 
-// The square root of 1 - x^2 for |x| <= 1.
-Pair OtherLeg(double x) {
-  const Pair more = TwoSum(1.0, x);
-  const Pair less = TwoSum(1.0, -x);
-  const Pair product = TwoProduct(more.high, less.high);
-  const double rest = product.low + (more.high * less.low + more.low * less.high);
-  const double square = product.high + rest;
-  if (!(square > 0.0)) {
+// A0 + A1 z + ... in two chains, of the even and of the odd powers.
+double ArcsineSeries(double z) {
+  const double square = z * z;
+  double even = kArcsine[12];
+  double odd = kArcsine[13];
+  for (int k = 10; k >= 0; k -= 2) {
+    even = even * square + kArcsine[k];
+    odd = odd * square + kArcsine[k + 1];
+  }
+  return even + z * odd;
+}
+
+// 2 arcsin s with s^2 = (1 - size) / 2, which is the arccosine of the size, 1/2 < size <= 1, as
+// high + low.
+Pair ArccosineOfLarge(double size) {
+  const double z = 0.5 * (1.0 - size);  // exact
+  if (z == 0.0) {
     return {0.0, 0.0};
   }
-  const double root = std::sqrt(square);
-  const Pair back = TwoProduct(root, root);
-  const double missing = ((product.high - back.high) - back.low) + rest;
-  return QuickTwoSum(root, missing / (root + root));
+  const double s = std::sqrt(z);
+  const Pair square = TwoProduct(s, s);
+  const double rest = ((z - square.high) - square.low) / (s + s);
+  return {2.0 * s, 2.0 * (rest + s * z * ArcsineSeries(z))};
 }
 
-// Below this size the arctangent and the arcsine of x are x, to 2^-56.
+// Below this size the arctangent of x is x, to 2^-55.
 constexpr double kTiny = 0x1p-27;
 // Points are brought between these.
 constexpr double kLargeSide = 0x1p300;
@@ -114,7 +124,7 @@ double AngleOfAnyPoint(double y, double x) {
     y *= kScale;
     x *= kScale;
   }
-  return AngleOfPoint({y, 0.0}, {x, 0.0});
+  return AngleOfPoint(y, x);
 }
 
 }  // namespace
@@ -147,10 +157,11 @@ double Arcsine(double x) {
   if (!(size <= 1.0)) {
     return std::numeric_limits<double>::quiet_NaN();
   }
-  if (size < kTiny) {
-    return x;
+  if (size <= 0.5) {
+    const double z = x * x;
+    return x + x * z * ArcsineSeries(z);
   }
-  return std::copysign(AngleOfPoint({size, 0.0}, OtherLeg(size)), x);
+  return std::copysign(Beyond(kHalfPiPair, Negative(ArccosineOfLarge(size))), x);
 }
 
 double Arccosine(double x) {
@@ -158,10 +169,12 @@ double Arccosine(double x) {
   if (!(size <= 1.0)) {
     return std::numeric_limits<double>::quiet_NaN();
   }
-  if (size < 0x1p-60) {
-    return kHalfPiPair.high;
+  if (size <= 0.5) {
+    const double z = x * x;
+    return Beyond(kHalfPiPair, {-x, -(x * z * ArcsineSeries(z))});
   }
-  return AngleOfPoint(OtherLeg(size), {x, 0.0});
+  const Pair angle = ArccosineOfLarge(size);
+  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : angle.high + angle.low;
 }
 
 }  // namespace zenithor

@@ -1,7 +1,6 @@
 #include "numerics/arctangent.h"
 
-#include <cmath>
-
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
 
 namespace zenithor {
@@ -14,11 +13,11 @@ double FullCircleArctan(double x, double y) {
     return x < 0.0 ? kPi : 0.0;
   }
   const double quadrant = x < 0.0 ? kPi : y < 0.0 ? kTwoPi : 0.0;
-  return std::atan(y / x) + quadrant;
+  return Arctangent(y / x) + quadrant;
 }
 
 double PositiveArctan(double y, double x) {
-  const double angle = std::atan2(y, x);
+  const double angle = ArctangentOfPoint(y, x);
   return angle < 0.0 ? angle + kTwoPi : angle;
 }
 

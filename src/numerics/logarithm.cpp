@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "numerics/pair.h"
+#include "numerics/polynomials.h"
 
 namespace zenithor {
 
@@ -39,10 +40,7 @@ double LogarithmOfNormal(double x) {
   const double f = parts.f;
   const double s = f / (2.0 + f);
   const double z = s * s;
-  double series = 0.0;
-  for (int k = kLogarithmTermCount - 1; k >= 0; --k) {
-    series = kLogarithm[k] + z * series;
-  }
+  const double series = EvaluatePolynomial(kLogarithm, z);
   Pair half_square = TwoProduct(f, f);
   half_square = {0.5 * half_square.high, 0.5 * half_square.low};
   const double rest = s * (half_square.high + z * series);

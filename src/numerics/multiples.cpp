@@ -1,12 +1,11 @@
 #include "numerics/multiples.h"
 
-#include <cmath>
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
 void FillMultiples(double angle, int highest, MultiplesRow& row) {
-  const double sine = std::sin(angle);
-  const double cosine = std::cos(angle);
+  const auto [cosine, sine] = CosineAndSine(angle);
   row.sine[0] = sine;
   row.cosine[0] = cosine;
   double s = 2.0 * sine * cosine;

@@ -1,9 +1,9 @@
 #include "numerics/sincos.h"
 
-#include <cmath>
 #include <cstring>
 
 #include "numerics/sincos_kernel.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
@@ -22,8 +22,8 @@ ZENITHOR_KERNEL void FourCosinesAndSines(const double* angles, double* cosine_si
     return;
   }
   for (int k = 0; k < 4; ++k) {
-    cosine_sine[2 * k] = std::cos(angles[k]);
-    cosine_sine[2 * k + 1] = std::sin(angles[k]);
+    cosine_sine[2 * k] = Cosine(angles[k]);
+    cosine_sine[2 * k + 1] = Sine(angles[k]);
   }
 }
 

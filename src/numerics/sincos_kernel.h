@@ -2,6 +2,8 @@
 
 #include <immintrin.h>
 
+#include "numerics/sine_cosine.h"
+
 // Cosine and sine of four angles at once, the same bits on every processor and in every build: only
 // additions and multiplications of IEEE doubles in a fixed order, no fused operation, no call.
 //
@@ -14,9 +16,6 @@ namespace zenithor {
 
 #include "numerics/sincos_constants.inc"
 
-struct CosineSine {
-  double cosine, sine;
-};
 // The 512 steps of a circle, 2 pi / 512 apart, from 0.
 extern const CosineSine kCircleSteps[512];
 

@@ -4,9 +4,11 @@
 #include <limits>
 
 #include "numerics/angles.h"
+#include "numerics/arcs.h"
 #include "numerics/arctangent.h"
 #include "numerics/constants.h"
 #include "numerics/cycle_watch.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
@@ -22,7 +24,7 @@ constexpr double kGaussianConstant = 0.01720209895;
 OrbitAngles MoveOnParabola(double dt, const OrbitalElementRecord& record) {
   const double q = record.semi_major_axis;
   const double s = SolveParabola(dt * kParabolicMotion / (q * std::sqrt(q)));
-  return {record.argument_of_perihelion * kRadiansPerDegree + 2.0 * std::atan(s),
+  return {record.argument_of_perihelion * kRadiansPerDegree + 2.0 * Arctangent(s),
           q * (1.0 + s * s)};
 }
 
@@ -40,8 +42,8 @@ OrbitAngles MoveOnEllipse(double dt, OrbitalElementRecord& record) {
   }
   const double eccentric = SolveEllipse(m, e);
   const double v =
-      ReduceRadians(2.0 * std::atan(std::sqrt((1.0 + e) / (1.0 - e)) * std::tan(eccentric / 2.0)));
-  const double radius = a * (1.0 - e * e) / (1.0 + e * std::cos(v));
+      ReduceRadians(2.0 * Arctangent(std::sqrt((1.0 + e) / (1.0 - e)) * Tangent(eccentric / 2.0)));
+  const double radius = a * (1.0 - e * e) / (1.0 + e * Cosine(v));
   // Kept on purpose: the mean anomaly at the epoch is subtracted, not that of the day, so u runs
   // ahead of the body by the motion since the epoch, dt n degrees. A longitude that has just become
   // exactly 0 counts as none.
@@ -57,7 +59,7 @@ OrbitAngles MoveOnHyperbola(double dt, const OrbitalElementRecord& record) {
   const double e = record.eccentricity;
   const double a = record.semi_major_axis / (e - 1.0);
   const double h = SolveHyperbola(dt * kGaussianConstant / (a * std::sqrt(a)), e);
-  const double v = 2.0 * std::atan(std::sqrt((e + 1.0) / (e - 1.0)) * std::tanh(h / 2.0));
+  const double v = 2.0 * Arctangent(std::sqrt((e + 1.0) / (e - 1.0)) * std::tanh(h / 2.0));
   return {record.argument_of_perihelion * kRadiansPerDegree + v, a * (e * std::cosh(h) - 1.0)};
 }
 
@@ -92,8 +94,8 @@ double SolveEllipse(double mean_anomaly, double eccentricity) {
     }
     // Kept on purpose: the step is made before its residual is tested, one more than needed; it
     // changes the anomaly by less than 1e-11 / (1 - e).
-    f = anomaly - e * std::sin(anomaly) - mean_anomaly;
-    anomaly -= f / (1.0 - e * std::cos(anomaly));
+    f = anomaly - e * Sine(anomaly) - mean_anomaly;
+    anomaly -= f / (1.0 - e * Cosine(anomaly));
   } while (std::fabs(f) > kTolerance);
   return anomaly;
 }
@@ -129,9 +131,9 @@ OrbitAngles MoveOnConic(double julian_day, OrbitalElementRecord& record) {
 Spherical PropagateConic(double julian_day, OrbitalElementRecord& record) {
   const OrbitAngles place = MoveOnConic(julian_day, record);
   const double i = record.inclination * kRadiansPerDegree;
-  return {FullCircleArctan(std::cos(place.u), std::cos(i) * std::sin(place.u)) +
+  return {FullCircleArctan(Cosine(place.u), Cosine(i) * Sine(place.u)) +
               record.node * kRadiansPerDegree,
-          std::asin(std::sin(i) * std::sin(place.u)), place.radius};
+          Arcsine(Sine(i) * Sine(place.u)), place.radius};
 }
 
 }  // namespace zenithor

@@ -1,7 +1,6 @@
 #include "orbits/ecliptic_place.h"
 
-#include <cmath>
-
+#include "numerics/arcs.h"
 #include "numerics/arctangent.h"
 #include "orbits/precession.h"
 #include "orbits/vectors.h"
@@ -12,7 +11,7 @@ Spherical EclipticPlace(double julian_day, const Rectangular& vector_of_date, do
                         ObliquityCache& obliquity) {
   CachedObliquity(julian_day, obliquity);
   const Rectangular v = EquatorToEcliptic(vector_of_date, obliquity);
-  return {FullCircleArctan(v.x, v.y), std::asin(v.z / radius), radius};
+  return {FullCircleArctan(v.x, v.y), Arcsine(v.z / radius), radius};
 }
 
 Spherical EclipticPlaceOfDate(double julian_day, const Rectangular& vector_of_date,

@@ -4,6 +4,7 @@
 
 #include "numerics/arctangent.h"
 #include "numerics/constants.h"
+#include "numerics/logarithm.h"
 #include "orbits/constants.h"
 #include "orbits/earth_velocity.h"
 #include "orbits/propagate_body.h"
@@ -31,7 +32,7 @@ DirectionChange ChangeOfDirection(const Rectangular& from, const Rectangular& to
 }
 
 double LightTime(double p, double e, double q) {
-  return (p + kSunInLightTime * std::log((e + p + q) / (e - p + q))) * kLightDaysPerAu;
+  return (p + kSunInLightTime * Logarithm((e + p + q) / (e - p + q))) * kLightDaysPerAu;
 }
 
 void ApplyLightTime(OrbitsState& state) {

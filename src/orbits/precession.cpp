@@ -1,9 +1,8 @@
 #include "orbits/precession.h"
 
-#include <cmath>
-
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
+#include "numerics/sine_cosine.h"
 #include "time/constants.h"
 
 namespace zenithor {
@@ -28,8 +27,7 @@ constexpr double kInclination[] = {
     2.4650839e-11, 2.50341e-13,   -8.26287e-14, 7.3759e-17, 1.2147e-16};
 
 void TurnAboutThirdAxis(double angle, Rectangular& v) {
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
+  const auto [c, s] = CosineAndSine(angle);
   v = {c * v.x + s * v.y, -s * v.x + c * v.y, v.z};
 }
 
@@ -58,8 +56,8 @@ void PrecessVector(double julian_day, PrecessionDirection direction, ObliquityCa
   const double node = EvaluatePolynomial(kNode, t);
   const double inclination = EvaluatePolynomial(kInclination, t);
   TurnAboutThirdAxis(to_j2000 ? node + general : node, vector);
-  const double tilt = to_j2000 ? -inclination : inclination;
-  vector = TurnAboutFirstAxis(vector, std::cos(tilt), std::sin(tilt));
+  const CosineSine tilt = CosineAndSine(to_j2000 ? -inclination : inclination);
+  vector = TurnAboutFirstAxis(vector, tilt.cosine, tilt.sine);
   TurnAboutThirdAxis(to_j2000 ? -node : -node - general, vector);
 
   CachedObliquity(to_j2000 ? kJ2000 : julian_day, obliquity);

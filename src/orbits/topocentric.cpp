@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "orbits/constants.h"
 #include "time/julian_day.h"
 #include "time/parallax.h"
@@ -23,14 +25,13 @@ constexpr double kEquatorSpeed = 7.292115e-5 * 6378.137 / kLightSpeedKmPerSecond
 
 void DeriveObserver(PlutoObserver& observer) {
   const double phi = observer.geodetic_latitude * kRadiansPerDegree;
-  const double cos_phi = std::cos(phi);
-  const double sin_phi = std::sin(phi);
+  const auto [cos_phi, sin_phi] = CosineAndSine(phi);
   const double polar = (1.0 - kFlattening) * (1.0 - kFlattening);
   const double c = 1.0 / std::sqrt(cos_phi * cos_phi + polar * sin_phi * sin_phi);
   const double a = kEquatorialRadius * c;
   const double s = kEquatorialRadius * polar * c;
   const double rho = std::sqrt(a * a * cos_phi * cos_phi + s * s * sin_phi * sin_phi);
-  const double latitude = std::acos(a * cos_phi / rho) * kDegreesPerRadian;
+  const double latitude = Arccosine(a * cos_phi / rho) * kDegreesPerRadian;
   observer.geocentric_latitude = phi < 0.0 ? -latitude : latitude;
   observer.geocentric_radius = rho / kEquatorialRadius;
 }
@@ -38,8 +39,9 @@ void DeriveObserver(PlutoObserver& observer) {
 TopocentricPlace ComputeTopocentric(double alpha, double delta, double distance,
                                     double universal_day, const PlutoObserver& observer) {
   const double latitude = observer.geocentric_latitude * kRadiansPerDegree;
-  const ObserverTerms terms{observer.geocentric_radius * std::cos(latitude),
-                            observer.geocentric_radius * std::sin(latitude)};
+  const auto [cos_latitude, sin_latitude] = CosineAndSine(latitude);
+  const ObserverTerms terms{observer.geocentric_radius * cos_latitude,
+                            observer.geocentric_radius * sin_latitude};
   const double sidereal_time =
       GreenwichMeanSiderealTime(universal_day, JulianCenturies(universal_day)) +
       observer.longitude * kRadiansPerDegree;
@@ -48,11 +50,11 @@ TopocentricPlace ComputeTopocentric(double alpha, double delta, double distance,
   ParallaxRectangular(kEquatorialRadiusAu / distance, sidereal_time, terms, place.alpha,
                       place.delta, distance);
 
-  const double hour_angle = sidereal_time - place.alpha;
+  const CosineSine hour_angle = CosineAndSine(sidereal_time - place.alpha);
+  const auto [cos_delta, sin_delta] = CosineAndSine(place.delta);
   const double speed = kEquatorSpeed * terms.rho_cos_phi;
-  const double sin_delta = std::sin(place.delta);
-  place.alpha += speed * std::cos(hour_angle) / std::cos(place.delta);
-  place.delta += speed * std::sin(hour_angle) * sin_delta;
+  place.alpha += speed * hour_angle.cosine / cos_delta;
+  place.delta += speed * hour_angle.sine * sin_delta;
   return place;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numerics/arcs.h"
 #include "time/transforms.h"
 
 namespace zenithor {
@@ -32,7 +33,7 @@ inline double Length(const Rectangular& v) { return std::sqrt(Dot(v, v)); }
 
 // [rad], -pi / 2 to pi / 2; NaN for the origin, which has no direction.
 inline double Declination(const Rectangular& equatorial) {
-  return std::asin(equatorial.z / Length(equatorial));
+  return Arcsine(equatorial.z / Length(equatorial));
 }
 
 }  // namespace zenithor

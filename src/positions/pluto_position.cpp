@@ -1,9 +1,8 @@
 #include "positions/pluto_position.h"
 
-#include <cmath>
-
 #include "numerics/arctangent.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "orbits/constants.h"
 #include "orbits/earth_velocity.h"
 #include "orbits/ecliptic_place.h"
@@ -53,13 +52,11 @@ void DisplayCorrection(const char* label, const Rectangular& p, const Rectangula
 Rectangular Nutate(const Rectangular& p, const NutationAngles& nutation,
                    const ObliquityCache& mean) {
   const double true_epsilon = mean.epsilon + nutation.deps;
-  const double cp = std::cos(nutation.dpsi);
-  const double sp = std::sin(nutation.dpsi);
+  const auto [cp, sp] = CosineAndSine(nutation.dpsi);
   const double ce = mean.cos_epsilon;
   const double se = mean.sin_epsilon;
-  const double cet = std::cos(true_epsilon);
-  const double set = std::sin(true_epsilon);
-  const double sde = std::sin(nutation.deps);
+  const auto [cet, set] = CosineAndSine(true_epsilon);
+  const double sde = Sine(nutation.deps);
   return {cp * p.x - sp * ce * p.y - sp * se * p.z,
           sp * cet * p.x + (cp * ce * cet + se * set) * p.y - ((1.0 - cp) * se * cet + sde) * p.z,
           sp * set * p.x + ((cp - 1.0) * set * ce + sde) * p.y + (cp * se * set + ce * cet) * p.z};

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cmath>
-
 #include "numerics/angles.h"
+#include "numerics/arcs.h"
+#include "numerics/sine_cosine.h"
 #include "rising/interpolation.h"
 #include "rising/rise_set_problem.h"
 #include "time/sidereal_time.h"
@@ -22,8 +22,8 @@ class DiurnalPath {
         // Kept on purpose: mean sidereal time, where the book takes apparent; up to 0.02 minute.
         theta0_(
             ReduceAngle(SiderealTimeFromDays(problem.day_start_days, problem.day_start_centuries))),
-        sin_phi_(std::sin(problem.latitude)),
-        cos_phi_(std::cos(problem.latitude)) {}
+        sin_phi_(Sine(problem.latitude)),
+        cos_phi_(Cosine(problem.latitude)) {}
 
   // Local hour angle, [-pi, pi).
   double HourAngle(double m) const {
@@ -36,8 +36,9 @@ class DiurnalPath {
 
   // Altitude of the centre, geocentric and without refraction.
   double Altitude(double declination, double hour_angle) const {
-    return std::asin(sin_phi_ * std::sin(declination) +
-                     cos_phi_ * std::cos(declination) * std::cos(hour_angle));
+    const CosineSine of_declination = CosineAndSine(declination);
+    return Arcsine(sin_phi_ * of_declination.sine +
+                   cos_phi_ * of_declination.cosine * Cosine(hour_angle));
   }
 
   double SiderealTimeAtStart() const { return theta0_; }

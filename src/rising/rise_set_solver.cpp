@@ -3,7 +3,9 @@
 #include <cmath>
 #include <limits>
 
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "rising/diurnal_path.h"
 #include "rising/settle.h"
 
@@ -32,8 +34,8 @@ class Corrections {
     const double h = path_.Altitude(delta, hour_angle);
     // Kept on purpose: the factor cos h, which the published correction does not have. Up to
     // latitude 50 it moves no settled time by more than 0.0001 minute, the Moon's by 0.03.
-    return std::cos(h) * (h - h0_) /
-           (kTwoPi * std::cos(delta) * path_.CosLatitude() * std::sin(hour_angle));
+    return Cosine(h) * (h - h0_) /
+           (kTwoPi * Cosine(delta) * path_.CosLatitude() * Sine(hour_angle));
   }
 
  private:
@@ -50,8 +52,8 @@ RiseSetTimes SolveRiseSet(const RiseSetProblem& problem) {
   const DiurnalPath path(problem);
   const double theta0 = path.SiderealTimeAtStart();
 
-  const double cos_h0 = (std::sin(problem.h0) - std::sin(phi) * std::sin(delta2)) /
-                        (std::cos(phi) * std::cos(delta2));
+  const double cos_h0 =
+      (Sine(problem.h0) - Sine(phi) * Sine(delta2)) / (Cosine(phi) * Cosine(delta2));
   double m0 = (alpha2 + problem.longitude - theta0) / kTwoPi;
   // Kept on purpose: the transit gains one day at most and is not looked at again, so it can lie up
   // to half a day outside the day that was asked for.
@@ -63,7 +65,7 @@ RiseSetTimes SolveRiseSet(const RiseSetProblem& problem) {
   double m2 = m1;
   Horizon horizon = Horizon::kRisesAndSets;
   if (std::fabs(cos_h0) <= 1.0) {
-    const double half_arc = std::acos(cos_h0) / kTwoPi;
+    const double half_arc = Arccosine(cos_h0) / kTwoPi;
     m1 = m0 - half_arc;
     m2 = m0 + half_arc;
   } else if (cos_h0 < -1.0) {

@@ -1,8 +1,7 @@
 #include "rising/rising_moon.h"
 
-#include <cmath>
-
 #include "moon/lunar_series.h"
+#include "numerics/arcs.h"
 #include "time/obliquity.h"
 #include "time/transforms.h"
 
@@ -26,7 +25,7 @@ RiseSetProblem MoonRiseSetProblem(const RisingRequest& request) {
   // Kept on purpose: the parallax of the given instant, not of the event; 0.1 minute up to latitude
   // 50.
   const double distance_km = ComputeLunarPosition(day.centuries).distance_km;
-  const double parallax = std::asin(kEarthRadiusKm / distance_km);
+  const double parallax = Arcsine(kEarthRadiusKm / distance_km);
   return PoseRiseSet(day, places, 0.7275 * parallax - kHorizonRefraction);
 }
 

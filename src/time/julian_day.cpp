@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numerics/extended.h"
 #include "numerics/integers.h"
 #include "time/constants.h"
 
@@ -16,7 +17,7 @@ std::int64_t Truncate(double x) { return static_cast<std::int64_t>(x); }
 }  // namespace
 
 double JulianCenturies(double julian_day) {
-  return static_cast<double>((julian_day - kJ2000) * kCenturiesPerDay);
+  return TimesExtended(julian_day - kJ2000, kCenturiesPerDay);
 }
 
 double JulianDayFromCenturies(double centuries) { return centuries * kDaysPerCentury + kJ2000; }

@@ -1,9 +1,8 @@
 #include "time/obliquity.h"
 
-#include <cmath>
-
 #include "numerics/constants.h"
 #include "numerics/polynomials.h"
+#include "numerics/sine_cosine.h"
 #include "time/julian_day.h"
 
 namespace zenithor {
@@ -31,8 +30,9 @@ void CachedObliquity(double julian_day, ObliquityCache& cache) {
   }
   const double t = JulianCenturies(julian_day) * 0.1;
   cache.epsilon = EvaluatePolynomial(kOrbitObliquity, t) * kRadiansPerArcsecond;
-  cache.cos_epsilon = std::cos(cache.epsilon);
-  cache.sin_epsilon = std::sin(cache.epsilon);
+  const CosineSine of_epsilon = CosineAndSine(cache.epsilon);
+  cache.cos_epsilon = of_epsilon.cosine;
+  cache.sin_epsilon = of_epsilon.sine;
   cache.julian_day = julian_day;
 }
 

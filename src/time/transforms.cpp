@@ -2,20 +2,22 @@
 
 #include <cmath>
 
+#include "numerics/arcs.h"
 #include "numerics/arctangent.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
 Rectangular SphericalToRectangular(const Spherical& place) {
-  const double cos_latitude = std::cos(place.latitude);
-  return {place.radius * cos_latitude * std::cos(place.longitude),
-          place.radius * cos_latitude * std::sin(place.longitude),
-          place.radius * std::sin(place.latitude)};
+  const CosineSine latitude = CosineAndSine(place.latitude);
+  const CosineSine longitude = CosineAndSine(place.longitude);
+  return {place.radius * latitude.cosine * longitude.cosine,
+          place.radius * latitude.cosine * longitude.sine, place.radius * latitude.sine};
 }
 
 Spherical RectangularToSpherical(const Rectangular& place) {
   const double radius = std::sqrt(place.x * place.x + place.y * place.y + place.z * place.z);
-  return {PositiveArctan(place.y, place.x), std::asin(place.z / radius), radius};
+  return {PositiveArctan(place.y, place.x), Arcsine(place.z / radius), radius};
 }
 
 Spherical GeocentricPosition(const Spherical& body, const Spherical& observer) {
@@ -25,14 +27,12 @@ Spherical GeocentricPosition(const Spherical& body, const Spherical& observer) {
 }
 
 Equatorial EclipticToEquatorial(double lambda, double beta, double epsilon) {
-  const double sin_lambda = std::sin(lambda);
-  const double cos_beta = std::cos(beta);
-  const double sin_beta = std::sin(beta);
-  const double cos_epsilon = std::cos(epsilon);
-  const double sin_epsilon = std::sin(epsilon);
+  const auto [cos_lambda, sin_lambda] = CosineAndSine(lambda);
+  const auto [cos_beta, sin_beta] = CosineAndSine(beta);
+  const auto [cos_epsilon, sin_epsilon] = CosineAndSine(epsilon);
   return {PositiveArctan(cos_beta * sin_lambda * cos_epsilon - sin_beta * sin_epsilon,
-                         cos_beta * std::cos(lambda)),
-          std::asin(sin_beta * cos_epsilon + cos_beta * sin_epsilon * sin_lambda)};
+                         cos_beta * cos_lambda),
+          Arcsine(sin_beta * cos_epsilon + cos_beta * sin_epsilon * sin_lambda)};
 }
 
 }  // namespace zenithor

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 #include "ephemeris/store.h"
-#include "support/quadruple_cosine.h"
+#include "support/quadruple.h"
 #include "time/transforms.h"
 
 namespace zenithor::testing {

@@ -9,7 +9,7 @@
 #include "numerics/constants.h"
 #include "numerics/sincos.h"
 #include "numerics/sincos_kernel.h"
-#include "support/quadruple_cosine.h"
+#include "support/quadruple.h"
 
 namespace zenithor {
 namespace {

@@ -8,6 +8,7 @@
 
 #include "numerics/angles.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "orbits/conic.h"
 #include "time/constants.h"
 
@@ -178,8 +179,8 @@ double PlainParabola(double w) {
 double PlainEllipse(double m, double e) {
   double anomaly = m;
   for (int k = 0; k < kPlainLimit; ++k) {
-    const double f = anomaly - e * std::sin(anomaly) - m;
-    anomaly = anomaly - f / (1.0 - e * std::cos(anomaly));
+    const double f = anomaly - e * Sine(anomaly) - m;
+    anomaly = anomaly - f / (1.0 - e * Cosine(anomaly));
     if (std::fabs(f) <= 1e-11) {
       return anomaly;
     }

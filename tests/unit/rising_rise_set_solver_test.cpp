@@ -5,7 +5,9 @@
 #include <random>
 
 #include "numerics/angles.h"
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "rising/rise_set_solver.h"
 #include "rising/rising_moon.h"
 #include "rising/rising_planet.h"
@@ -99,8 +101,8 @@ class Sky {
 
   double Altitude(double m) const {
     const double delta = Declination(m);
-    return std::asin(std::sin(p_.latitude) * std::sin(delta) +
-                     std::cos(p_.latitude) * std::cos(delta) * std::cos(HourAngle(m)));
+    return Arcsine(Sine(p_.latitude) * Sine(delta) +
+                   Cosine(p_.latitude) * Cosine(delta) * Cosine(HourAngle(m)));
   }
 
  private:
@@ -131,19 +133,18 @@ BareTimes SolveBare(const RiseSetProblem& p, int limit,
                     CorrectionFactor factor = CorrectionFactor::kCosineOfAltitude) {
   const Sky sky(p);
   const double phi = p.latitude;
-  const double cos_h0 = (std::sin(p.h0) - std::sin(phi) * std::sin(p.delta.middle)) /
-                        (std::cos(phi) * std::cos(p.delta.middle));
+  const double cos_h0 =
+      (Sine(p.h0) - Sine(phi) * Sine(p.delta.middle)) / (Cosine(phi) * Cosine(p.delta.middle));
   double m0 = (p.alpha.middle + p.longitude - sky.SiderealTimeAtStart()) / kTwoPi;
   m0 = m0 < 0.0 ? m0 + 1.0 : m0;
-  double m1 = m0 - std::acos(cos_h0) / kTwoPi;
-  double m2 = m0 + std::acos(cos_h0) / kTwoPi;
+  double m1 = m0 - Arccosine(cos_h0) / kTwoPi;
+  double m2 = m0 + Arccosine(cos_h0) / kTwoPi;
   m1 = m1 < 0.0 ? m1 + 1.0 : m1;
   m2 = m2 > 1.0 ? m2 - 1.0 : m2;
   const auto altitude_correction = [&](double m) {
     const double h = sky.Altitude(m);
-    const double off = factor == CorrectionFactor::kNone ? h - p.h0 : std::cos(h) * (h - p.h0);
-    return off /
-           (kTwoPi * std::cos(sky.Declination(m)) * std::cos(phi) * std::sin(sky.HourAngle(m)));
+    const double off = factor == CorrectionFactor::kNone ? h - p.h0 : Cosine(h) * (h - p.h0);
+    return off / (kTwoPi * Cosine(sky.Declination(m)) * Cosine(phi) * Sine(sky.HourAngle(m)));
   };
   const auto transit_correction = [&](double m) { return -sky.HourAngle(m) / kTwoPi; };
   m0 = BareLoop(m0, transit_correction, limit);

@@ -5,6 +5,7 @@ A pair is a number as the sum of two doubles, the second at most half an ulp of 
   - h = 2 pi / 512 in pieces of 22 bits, each of whose products with a count of steps below 2^31 is exact;
   - what the table of the circle's steps lost when it was rounded to double, as floats;
   - arctan(k / 64) for k = 8 to 64, as pairs;
+  - the polynomial of (arcsin s / s - 1) / z in z = s^2 for s^2 <= 1/4, through the Chebyshev points;
   - ln 2 in two parts, the first of 32 bits, so that its product with an exponent is exact, and the
     polynomial of (ln((1 + s) / (1 - s)) - 2 s) / s^3 in z = s^2 for |s| <= 3 - 2 sqrt 2 (1 + 2^-20),
     through the Chebyshev points of the interval of z.
@@ -18,6 +19,7 @@ PIECES = 7
 ARCTANGENT_STEPS = 64
 ARCTANGENT_FIRST = 8
 LOGARITHM_DEGREE = 7
+ARCSINE_DEGREE = 13
 
 
 def pair(x):
@@ -101,6 +103,44 @@ def through_points(function, largest, degree):
     return coefficients
 
 
+def arcsine_rest(z):
+    """(arcsin s / s - 1) / z with z = s^2, by its series."""
+    total, term, k = Decimal(0), Decimal(1) / 2, 1
+    while term > Decimal(10) ** -62:
+        total += term / (2 * k + 1)
+        term *= z * (2 * k + 1) / (2 * k + 2)
+        k += 1
+    return total
+
+
+def polynomial(name, coefficients):
+    return [f"constexpr double {name}[{len(coefficients)}] = {{",
+            *(f"    {c.hex()}," for c in coefficients), "};"]
+
+
+def largest_error(coefficients, function, largest):
+    """Of z times the polynomial with the rounded coefficients, on a grid of 2000 points."""
+    worst = Decimal(0)
+    for k in range(1, 2001):
+        z = largest * k / 2000
+        total = Decimal(0)
+        for c in reversed(coefficients):
+            total = total * z + Decimal(c)
+        worst = max(worst, abs(total - function(z)) * z)
+    return worst
+
+
+def rounded_through_points(function, largest, degree):
+    return [float(c) for c in through_points(function, largest, degree)]
+
+
+def arcsine_constants():
+    rounded = rounded_through_points(arcsine_rest, Decimal("0.25"), ARCSINE_DEGREE)
+    worst = largest_error(rounded, arcsine_rest, Decimal("0.25"))
+    return [f"// arcsin s = s + s z (A0 + A1 z + ...), z = s s <= 1/4, to {worst:.1e} of s.",
+            *polynomial("kArcsine", rounded)]
+
+
 def turn_constants():
     return [
         "// Pairs: the value rounded, and what that left out.",
@@ -111,15 +151,8 @@ def turn_constants():
 
 def logarithm_constants():
     largest = (3 - 2 * Decimal(2).sqrt()) * (1 + Decimal(2) ** -20)
-    rounded = [float(c) for c in through_points(logarithm_rest, largest**2, LOGARITHM_DEGREE)]
-    worst = Decimal(0)
-    for k in range(1, 2001):
-        s = largest * k / 2000
-        z = s * s
-        total = Decimal(0)
-        for c in reversed(rounded):
-            total = total * z + Decimal(c)
-        worst = max(worst, abs(total - logarithm_rest(z)) * z / 2)
+    rounded = rounded_through_points(logarithm_rest, largest**2, LOGARITHM_DEGREE)
+    worst = largest_error(rounded, logarithm_rest, largest**2) / 2
     ln2 = Decimal(2).ln()
     high = rounded_to_bits(ln2, 32)
     return [
@@ -127,8 +160,5 @@ def logarithm_constants():
         f"constexpr double kLn2High = {high.hex()};",
         f"constexpr double kLn2Low = {float(ln2 - Decimal(high)).hex()};",
         f"// ln((1 + s) / (1 - s)) = 2 s + s z (L0 + L1 z + ...), z = s s, to {worst:.1e} of 2 s.",
-        f"constexpr int kLogarithmTermCount = {len(rounded)};",
-        "constexpr double kLogarithm[kLogarithmTermCount] = {",
-        *(f"    {c.hex()}," for c in rounded),
-        "};",
+        *polynomial("kLogarithm", rounded),
     ]

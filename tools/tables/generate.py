@@ -321,6 +321,11 @@ def turn_constants():
                      + elementary_table.turn_constants() + ["// clang-format on"]) + "\n"
 
 
+def arcsine_constants():
+    return "\n".join(head(*ELEMENTARY, "the arcsine's polynomial, no unit")
+                     + elementary_table.arcsine_constants() + ["// clang-format on"]) + "\n"
+
+
 def logarithm_constants():
     return "\n".join(head(*ELEMENTARY, "the logarithm's polynomial, and ln 2, no unit")
                      + elementary_table.logarithm_constants() + ["// clang-format on"]) + "\n"
@@ -342,6 +347,7 @@ def arctangents():
 
 TABLES = {
     "src/numerics/turn_constants.inc": turn_constants,
+    "src/numerics/arcsine_constants.inc": arcsine_constants,
     "src/numerics/logarithm_constants.inc": logarithm_constants,
     "src/numerics/step_pieces.inc": step_pieces,
     "src/numerics/sincos_step_rests.inc": step_rests,
