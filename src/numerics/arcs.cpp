@@ -4,13 +4,13 @@
 #include <limits>
 
 #include "numerics/pair.h"
+#include "numerics/turn_pairs.h"
 
 namespace zenithor {
 
 namespace {
 
 #include "numerics/arcsine_constants.inc"
-#include "numerics/turn_constants.inc"
 
 // arctan(k / 64), k = 8 to 64.
 constexpr int kFirstStep = 8;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "numerics/far_angle.h"
 #include "numerics/pair.h"
 #include "numerics/sincos_kernel.h"
 
@@ -175,6 +176,22 @@ CosineSinePairs PairsOf(double x) {
   return {CosineAtStep(standing.step, turn), SineAtStep(standing.step, turn)};
 }
 
+// The same for any finite |x| > 2^24.
+CosineSinePairs PairsOfFar(double x) {
+  const QuarterTurns turns = ReduceFarAngle(x);
+  const Standing standing = StandingOf(turns.rest.high);
+  if (IsNearAxis(standing)) {
+    return {CosineFromAxis(turns.quarters, turns.rest),
+            CosineFromAxis(turns.quarters + 3, turns.rest)};
+  }
+  const SmallTurn turn = TurnBy(LessTwoPieces(turns.rest.high, standing.whole_steps) -
+                                (standing.whole_steps * kThirdAndFourth - turns.rest.low));
+  const unsigned step = (standing.step + turns.quarters * kStepsPerQuarter) % kSteps;
+  return {CosineAtStep(step, turn), SineAtStep(step, turn)};
+}
+
+CosineSinePairs PairsOfAny(double x) { return IsWithinKernel(x) ? PairsOf(x) : PairsOfFar(x); }
+
 }  // namespace
 
 double Sine(double angle) {
@@ -182,7 +199,7 @@ double Sine(double angle) {
     return angle;
   }
   if (!IsWithinKernel(angle)) {
-    return std::sin(angle);
+    return std::isfinite(angle) ? Sum(PairsOfFar(angle).sine) : angle - angle;
   }
   const Standing standing = StandingOf(angle);
   if (IsNearAxis(standing)) {
@@ -197,7 +214,7 @@ double Cosine(double angle) {
     return 1.0;
   }
   if (!IsWithinKernel(angle)) {
-    return std::cos(angle);
+    return std::isfinite(angle) ? Sum(PairsOfFar(angle).cosine) : angle - angle;
   }
   const Standing standing = StandingOf(angle);
   if (IsNearAxis(standing)) {
@@ -211,10 +228,10 @@ double Tangent(double angle) {
   if (std::fabs(angle) < kTiny) {
     return angle;
   }
-  if (!IsWithinKernel(angle)) {
-    return std::tan(angle);
+  if (!std::isfinite(angle)) {
+    return angle - angle;
   }
-  const CosineSinePairs pairs = PairsOf(angle);
+  const CosineSinePairs pairs = PairsOfAny(angle);
   return Sum(Quotient(QuickTwoSum(pairs.sine.high, pairs.sine.low),
                       QuickTwoSum(pairs.cosine.high, pairs.cosine.low)));
 }
@@ -223,10 +240,10 @@ CosineSine CosineAndSine(double angle) {
   if (std::fabs(angle) < kTiny) {
     return {1.0, angle};
   }
-  if (!IsWithinKernel(angle)) {
-    return {std::cos(angle), std::sin(angle)};
+  if (!std::isfinite(angle)) {
+    return {angle - angle, angle - angle};
   }
-  const CosineSinePairs pairs = PairsOf(angle);
+  const CosineSinePairs pairs = PairsOfAny(angle);
   return {Sum(pairs.cosine), Sum(pairs.sine)};
 }
 

@@ -6,20 +6,23 @@ A pair is a number as the sum of two doubles, the second at most half an ulp of 
   - what the table of the circle's steps lost when it was rounded to double, as floats;
   - arctan(k / 64) for k = 8 to 64, as pairs;
   - the polynomial of (arcsin s / s - 1) / z in z = s^2 for s^2 <= 1/4, through the Chebyshev points;
+  - the binary digits of 2 / pi, as many as the largest double needs;
   - ln 2 in two parts, the first of 32 bits, so that its product with an exponent is exact, and the
     polynomial of (ln((1 + s) / (1 - s)) - 2 s) / s^3 in z = s^2 for |s| <= 3 - 2 sqrt 2 (1 + 2^-20),
     through the Chebyshev points of the interval of z.
 """
 import struct
-from decimal import Decimal
+from decimal import Decimal, localcontext
 
-from sincos_table import HIGH_BITS, PI, STEPS, cosine, on_the_circle, rounded_to_bits
+from sincos_table import (HIGH_BITS, PI, STEPS, arctangent_of_inverse, cosine, on_the_circle,
+                          rounded_to_bits)
 
 PIECES = 7
 ARCTANGENT_STEPS = 64
 ARCTANGENT_FIRST = 8
 LOGARITHM_DEGREE = 7
 ARCSINE_DEGREE = 13
+TURN_WORDS = 38
 
 
 def pair(x):
@@ -43,6 +46,15 @@ def step_pieces():
         rest -= Decimal(piece)
         rows.append(f"{piece.hex()},")
     return rows
+
+
+def two_over_pi_words():
+    """Of 32 bits each, the first one right of the point."""
+    with localcontext() as context:
+        context.prec = 400
+        pi = 4 * (4 * arctangent_of_inverse(5, 400) - arctangent_of_inverse(239, 400))
+        digits = int(2 / pi * Decimal(2) ** (32 * TURN_WORDS))
+    return [f"0x{digits >> 32 * (TURN_WORDS - 1 - k) & 0xFFFFFFFF:08X}U," for k in range(TURN_WORDS)]
 
 
 def as_float(x):

@@ -335,6 +335,11 @@ def step_pieces():
     return table(*ELEMENTARY, "2 pi / 512 in pieces of 22 bits [rad]", elementary_table.step_pieces())
 
 
+def two_over_pi():
+    return table(*ELEMENTARY, "2 / pi in words of 32 bits, the first one right of the point",
+                 elementary_table.two_over_pi_words())
+
+
 def step_rests():
     return table(*ELEMENTARY, "cosine and sine of the 512 steps of a circle less their doubles, no unit",
                  elementary_table.step_rests())
@@ -349,6 +354,7 @@ TABLES = {
     "src/numerics/turn_constants.inc": turn_constants,
     "src/numerics/arcsine_constants.inc": arcsine_constants,
     "src/numerics/logarithm_constants.inc": logarithm_constants,
+    "src/numerics/two_over_pi.inc": two_over_pi,
     "src/numerics/step_pieces.inc": step_pieces,
     "src/numerics/sincos_step_rests.inc": step_rests,
     "src/numerics/arctangents.inc": arctangents,

@@ -18,9 +18,9 @@ STEPS = 512
 HIGH_BITS = 22
 
 
-def arctangent_of_inverse(n):
+def arctangent_of_inverse(n, digits=60):
     total, power, k = Decimal(0), Decimal(1) / n, 0
-    while abs(power) > Decimal(10) ** -62:
+    while abs(power) > Decimal(10) ** -(digits + 2):
         total += power / (2 * k + 1) * (1 if k % 2 == 0 else -1)
         power /= n * n
         k += 1

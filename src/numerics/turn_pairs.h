@@ -1,0 +1,9 @@
+#pragma once
+
+#include "numerics/pair.h"
+
+namespace zenithor {
+
+#include "numerics/turn_constants.inc"
+
+}  // namespace zenithor
