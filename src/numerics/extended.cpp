@@ -14,17 +14,29 @@ namespace {
 constexpr double kSmallestSplit = 0x1p-900;
 constexpr double kLargestSplit = 0x1p900;
 
-bool IsEven(double x) {
+std::uint64_t BitsOf(double x) {
   std::uint64_t bits;
   std::memcpy(&bits, &x, sizeof bits);
-  return bits % 2 == 0;
+  return bits;
+}
+
+// The double next to x, away from 0 or towards it; x is neither 0 nor at an end of the range.
+double Neighbour(double x, bool away_from_zero) {
+  const std::uint64_t bits = away_from_zero ? BitsOf(x) + 1 : BitsOf(x) - 1;
+  double neighbour;
+  std::memcpy(&neighbour, &bits, sizeof neighbour);
+  return neighbour;
 }
 
 }  // namespace
 
-double TimesExtendedPortably(double x, Extended e) {
+double TimesExtended(double x, Extended e) {
   const double rough = x * e.high;
   const double size = std::fabs(rough);
+  if (size > kLargestSplit && size <= std::numeric_limits<double>::max()) {
+    constexpr double kScale = 0x1p300;
+    return TimesExtended(x / kScale, e) * kScale;
+  }
   if (!(size >= kSmallestSplit && size <= kLargestSplit)) {
     return rough;
   }
@@ -33,11 +45,10 @@ double TimesExtendedPortably(double x, Extended e) {
   // The nearest double, unless the rounding to 64 bits has made a tie first: then the even one of
   // the two. A 64-bit number beside the middle is 2^-11 of the gap away, so what is nearer than
   // half of that has been moved to the middle.
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const double other = std::nextafter(sum.high, sum.low < 0.0 ? -kInfinity : kInfinity);
+  const double other = Neighbour(sum.high, (sum.low < 0.0) == (sum.high < 0.0));
   const double gap = std::fabs(other - sum.high);
   const bool tied = 0.5 * gap - std::fabs(sum.low) <= gap * 0x1p-12;
-  return tied && !IsEven(sum.high) ? other : sum.high;
+  return tied && BitsOf(sum.high) % 2 != 0 ? other : sum.high;
 }
 
 }  // namespace zenithor

@@ -2,30 +2,33 @@
 
 #include <cmath>
 
+#include "numerics/pair.h"
+
 namespace zenithor {
 
 namespace {
 
 constexpr double kMinutesPerDay = 1440.0;
 
-// floor((p + r) / 1440) for |p|, |r| < 1440, exactly: hi + lo is p + r without error (Knuth, The
-// Art of Computer Programming 2, section 4.2.2), and hi is the sum rounded, so a threshold that hi
-// passes or misses the sum passes or misses too.
-double FloorOfDays(long double p, long double r) {
-  const long double hi = p + r;
-  const long double of_r = hi - p;
-  const long double lo = (p - (hi - of_r)) + (r - of_r);
-  const auto reaches = [hi, lo](long double threshold) {
-    return hi > threshold || (hi == threshold && lo >= 0.0L);
+// floor((p + r) / 1440) for |p|, |r| < 1440, exactly: the sum is kept as three doubles without
+// error (Knuth, The Art of Computer Programming 2, section 4.2.2), the first of them nearly all of
+// it.
+double FloorOfDays(Pair p, double r) {
+  const Pair sum = TwoSum(p.high, r);
+  const Pair rest = TwoSum(sum.low, p.low);
+  const auto reaches = [&sum, &rest](double threshold) {
+    // Exact where it is small, and of the right sign where it is not.
+    const double beyond = sum.high - threshold;
+    const Pair above = TwoSum(beyond, rest.high);
+    return above.high > 0.0 || (above.high == 0.0 && above.low + rest.low >= 0.0);
   };
-  const auto day = static_cast<long double>(kMinutesPerDay);
-  if (reaches(day)) {
+  if (reaches(kMinutesPerDay)) {
     return 1.0;
   }
-  if (reaches(0.0L)) {
+  if (reaches(0.0)) {
     return 0.0;
   }
-  return reaches(-day) ? -1.0 : -2.0;
+  return reaches(-kMinutesPerDay) ? -1.0 : -2.0;
 }
 
 }  // namespace
@@ -37,10 +40,7 @@ double DaysToDayStart(double day_number, double minutes) {
   const double fraction = day_number - whole_days;
   const double minutes_rest = std::fmod(minutes, kMinutesPerDay);
   const double days_of_minutes = (minutes - minutes_rest) / kMinutesPerDay;
-  // A fraction has 53 bits and 1440 adds 6, so the product fits the 64 of extended precision.
-  const long double fraction_minutes =
-      static_cast<long double>(fraction) * static_cast<long double>(kMinutesPerDay);
-  const double carry = FloorOfDays(fraction_minutes, static_cast<long double>(minutes_rest));
+  const double carry = FloorOfDays(TwoProduct(fraction, kMinutesPerDay), minutes_rest);
   return whole_days + days_of_minutes + carry - 14246.0 + 0.5;
 }
 

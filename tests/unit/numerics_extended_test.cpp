@@ -15,22 +15,21 @@ constexpr Extended kTurnsPerRadian = {0x1.45f306dc9c883p-3, -0x1.6bp-57};
 
 TEST(TimesExtended, IsTheProductRoundedToDouble) {
   EXPECT_EQ(TimesExtended(10.0, kTenth), 1.0);
-  EXPECT_EQ(TimesExtendedPortably(10.0, kTenth), 1.0);
-  EXPECT_EQ(TimesExtendedPortably(-35.0, kTenth), -3.5);
-  EXPECT_EQ(TimesExtendedPortably(0.0, kTenth), 0.0);
-  EXPECT_TRUE(std::signbit(TimesExtendedPortably(-0.0, kTenth)));
+  EXPECT_EQ(TimesExtended(-35.0, kTenth), -3.5);
+  EXPECT_EQ(TimesExtended(0.0, kTenth), 0.0);
+  EXPECT_TRUE(std::signbit(TimesExtended(-0.0, kTenth)));
   const double infinity = std::numeric_limits<double>::infinity();
-  EXPECT_EQ(TimesExtendedPortably(-infinity, kTenth), -infinity);
-  EXPECT_TRUE(std::isnan(TimesExtendedPortably(std::numeric_limits<double>::quiet_NaN(), kTenth)));
+  EXPECT_EQ(TimesExtended(-infinity, kTenth), -infinity);
+  EXPECT_TRUE(std::isnan(TimesExtended(std::numeric_limits<double>::quiet_NaN(), kTenth)));
 }
 
 #if LDBL_MANT_DIG == 64
-// The portable way against the processor's own extended precision: random factors, and those whose
+// Against the processor's own extended precision: random factors, and those whose
 // product lies beside the middle of two doubles.
 TEST(TimesExtended, IsToTheBitWhatExtendedPrecisionGives) {
   std::mt19937_64 random(20041);
   std::uniform_real_distribution<double> mantissa(1.0, 2.0);
-  std::uniform_int_distribution<int> exponent(-800, 800);
+  std::uniform_int_distribution<int> exponent(-800, 1022);
   int ties = 0;
   for (int k = 0; k < 400000; ++k) {
     const double x = std::ldexp(mantissa(random), exponent(random)) * (k % 2 == 0 ? 1.0 : -1.0);
@@ -47,7 +46,7 @@ TEST(TimesExtended, IsToTheBitWhatExtendedPrecisionGives) {
     const auto high = static_cast<double>(factor);
     const Extended e = {high, static_cast<double>(factor - high)};
     const auto expected = static_cast<double>(x * factor);
-    ASSERT_EQ(TimesExtendedPortably(x, e), expected) << x << " " << e.high << " " << e.low;
+    ASSERT_EQ(TimesExtended(x, e), expected) << x << " " << e.high << " " << e.low;
     ties += expected != static_cast<double>(static_cast<__float128>(x) * factor) ? 1 : 0;
   }
   EXPECT_GT(ties, 100);  // rounded twice, and different for it
