@@ -2,8 +2,9 @@
 """Writes the seed corpus of the fuzz targets: tests/fuzz/corpus/<kind>/<name>.
 
 A seed of an export holds six doubles and two 32-bit integers, the arguments in the order of its
-prototype; one of the loader the length of the index file (12 bits) and the slot (4 bits) in two bytes, that file,
-and the data file.
+prototype; one of the loader the length of the index file (12 bits) and the slot (4 bits) in two
+bytes, that file, and the data file; one of the values library eight doubles and eight 32-bit integers
+(tests/support/value_calls.h).
 """
 
 import pathlib
@@ -122,7 +123,25 @@ def loader_seeds():
         index_record(0, [2] + [0] * 17), struct.pack("<6d", NAN, INFINITY, -INFINITY, 1e300, 1e308, 5e-324))
 
 
+def value_seeds():
+    def seed(doubles, integers, length=8, nulls=0):
+        doubles = list(doubles) + [2451545.0] * (8 - len(doubles))
+        integers = list(integers) + [0] * (6 - len(integers))
+        return struct.pack("<8d8i", *doubles, *integers, length, nulls)
+
+    yield "mars", seed([2451545.0, 2451910.0, 90.0], [4, 101, 5])
+    yield "moon", seed([2460000.5, 2460020.5, 30.0], [10, 8, 0])
+    yield "civil-day", seed([2460310.5, 1.0, 13.4, 52.5], [10, 1])
+    yield "polar-day", seed([2460482.5, 1.0, 18.9, 90.0], [0, 2])
+    yield "table-by-field", seed([2451545.0, 2451546.0], [4, 10, 101, 8, 2])
+    yield "date", seed([59.5, 1.0], [2024, 2, 29, 23, 59])
+    yield "kinds", seed([2451545.0, 2452000.0], [0x3BFFF])
+    yield "no-arrays", seed([2451545.0, 2451555.0], [1, 4], 8, 3)
+    yield "not-numbers", seed([NAN, INFINITY, -INFINITY, 1e300], [-1, 999], -1)
+
+
 SEEDS = {
+    "values": value_seeds,
     "position": position_seeds,
     "selected_event": selected_event_seeds,
     "framed_event": event_seeds,

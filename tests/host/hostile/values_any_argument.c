@@ -11,9 +11,6 @@ enum { kRandomCalls = 200, kRandomSearches = 8, kHostsErrno = 12345 };
 static const double kLongestCall = 10.0; /* seconds of processor time */
 static double longest;
 
-/* A search may go through six thousand years. */
-static int IsSearch(int function) { return function >= 24 && function <= 32; }
-
 static void CheckAny(int function, const ValueArguments* arguments) {
   static ValueAnswer first;
   static ValueAnswer second;
