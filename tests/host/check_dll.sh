@@ -6,7 +6,8 @@
 # imports come from the five system libraries at most; address randomisation and no-execute are on
 # and there are relocations to make use of them; functions with arrays are guarded; no exception
 # handler is taken from a 32-bit library; the timestamp is none; no path of this machine and no symbol
-# table is left in the file.
+# table is left in the file; with an empty PREFIX, the library with its data inside, it opens no file,
+# asks for no environment, shows no window and starts no thread.
 set -eu
 export LC_ALL=C
 objdump=$1 dll=$2 exports=$3 source_dir=$4 prefix=${5-_}
@@ -37,6 +38,20 @@ for library in $imported; do
     *) fail "imports from $library" ;;
   esac
 done
+
+if [ -z "$prefix" ]; then
+  for library in $imported; do
+    case $library in
+      KERNEL32.DLL | MSVCRT.DLL) ;;
+      *) fail "imports from $library, which is for files and windows" ;;
+    esac
+  done
+  # "        4f3c8    1045  CreateFileW" in Binutils 2.40; others have more columns.
+  names=$(printf '%s\n' "$headers" | sed -n '/DLL Name:/,/^$/s/^.*[[:space:]]\([A-Za-z_][A-Za-z0-9_]*\)$/\1/p')
+  printf '%s\n' "$names" | grep -qx malloc || fail "the imported names cannot be read"
+  opened=$(printf '%s\n' "$names" | grep -E 'open|CreateFile|MapViewOfFile|getenv|Environment|CreateThread|beginthread|CreateProcess' || true)
+  [ -z "$opened" ] || fail "calls" $opened
+fi
 
 for bit in DYNAMIC_BASE NX_COMPAT; do
   printf '%s\n' "$headers" | grep -qw "$bit" || fail "$bit is off"
