@@ -354,10 +354,11 @@ double ZENITHOR_VALUES_CALL ZenithorJulianDay(int32_t year, int32_t month, int32
 /* The calendar date of a Julian day, in the same calendars.
  *   roundTo  [s] 0: nothing is rounded. Otherwise the moment is first rounded to a multiple of so
  *            many seconds of its day, which may be the next midnight: 60 for minutes, 1 for
- * seconds, 0.001. A Julian day holds 0.00004 s. date[5]  year, month, day, hour, minute second   0
- * to 60, 60 not included; may be null Returns 0; ZENITHOR_ERROR_ARRAY when `date` is null;
- * ZENITHOR_ERROR_DAY, and nothing is written, when the day is not finite or beyond the years
- * -200000 to 200000, or roundTo is not 0 to 86400. */
+ *            seconds, 0.001. A Julian day holds 0.00004 s.
+ *   date[5]  year, month, day, hour, minute
+ *   second   0 to 60, 60 not included; may be null
+ * Returns 0; ZENITHOR_ERROR_ARRAY when `date` is null; ZENITHOR_ERROR_DAY, and nothing is written,
+ * when the day is not finite or beyond the years -200000 to 200000, or roundTo not 0 to 86400. */
 int32_t ZENITHOR_VALUES_CALL ZenithorCalendar(double julianDay, double roundTo, int32_t* date,
                                               double* second);
 
