@@ -4,18 +4,7 @@
 #include <math.h>
 
 #include "host.h"
-#define ZENITHOR_VALUES_LOADER
-#include "zenithor/values.h"
-
-static int OpenValues(ZenithorValuesLibrary* library, const char* path) {
-  ZenithorValuesPathCharacter wide[1024];
-  size_t k = 0;
-  for (; path[k] != '\0' && k + 1 < sizeof wide / sizeof wide[0]; ++k) {
-    wide[k] = (ZenithorValuesPathCharacter)path[k];
-  }
-  wide[k] = 0;
-  return ZenithorValuesOpen(library, wide);
-}
+#include "support/open_values.h"
 
 /* isnan of some compilers takes a float. */
 static int IsNan(double x) { return x != x; }

@@ -26,9 +26,9 @@ DailyEvents Daily(int body, double day, double zone, double longitude, double la
 // 0.51766, 0.81980 and 0.12130 of the day.
 TEST(Daily, MeetsTheBooksExample) {
   const DailyEvents venus = Daily(ZENITHOR_BODY_VENUS, 2447240.5, 0.0, -71.0833, 42.3333);
-  EXPECT_NEAR(venus.julian_days[0] - 2447240.5, 0.51766, 0.0005);
-  EXPECT_NEAR(venus.julian_days[1] - 2447240.5, 0.81980, 0.0005);
-  EXPECT_NEAR(venus.julian_days[2] - 2447240.5, 0.12130, 0.0005);
+  EXPECT_NEAR(venus.julian_days[0] - 2447240.5, 0.51766, 0.00002);
+  EXPECT_NEAR(venus.julian_days[1] - 2447240.5, 0.81980, 0.00002);
+  EXPECT_NEAR(venus.julian_days[2] - 2447240.5, 0.12130, 0.00002);
 }
 
 // The day's own call of the export, at the day's middle as here: where an event is well inside the

@@ -5,21 +5,10 @@
 
 #include "state_call.h"
 #include "support/extreme_values.h"
-
-#define ZENITHOR_VALUES_LOADER
+#include "support/open_values.h"
 #include "support/value_calls.h"
 
 static ZenithorValuesLibrary values;
-
-static inline int OpenValues(const char* path) {
-  ZenithorValuesPathCharacter wide[1024];
-  size_t k = 0;
-  for (; path[k] != '\0' && k + 1 < sizeof wide / sizeof wide[0]; ++k) {
-    wide[k] = (ZenithorValuesPathCharacter)path[k];
-  }
-  wide[k] = 0;
-  return ZenithorValuesOpen(&values, wide);
-}
 
 static inline void CallValueInto(int function, const ValueArguments* arguments, ValueAnswer* answer,
                                  double* doubles, int32_t* integers) {
@@ -125,7 +114,7 @@ static inline ValueArguments OrdinaryValueArguments(int function, uint64_t seed)
 }
 
 static inline void OpenValuesFromArguments(int argc, char** argv) {
-  if (argc < 2 || !OpenValues(argv[1])) {
+  if (argc < 2 || !OpenValues(&values, argv[1])) {
     printf("FAILED: cannot load %s\n", argc < 2 ? "nothing" : argv[1]);
     exit(1);
   }

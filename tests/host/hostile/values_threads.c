@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
   ZenithorValuesClose(&values);
   const long before_loads = PrivateKiB();
   for (int k = 0; k < kLoads; ++k) {
-    if (!OpenValues(argv[1])) {
+    if (!OpenValues(&values, argv[1])) {
       Check(0, "load %d failed", k);
       break;
     }
