@@ -18,6 +18,8 @@
  *   - Every call ends, whatever its arguments are.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
  *   - The caller's processor state does not matter and comes back as it was, as zenithor.h says.
+ *   - A call needs ZENITHOR_VALUES_STACK_BYTES of stack. It never ends the process for want of
+ *     memory.
  *
  * Stands by itself, and beside zenithor.h in either order. Takes C from C89 (with stdint.h) and C++
  * from C++98 on. */
@@ -31,6 +33,9 @@
 #define ZENITHOR_VALUES_VERSION_MINOR 0
 #define ZENITHOR_VALUES_VERSION_PATCH 0
 #define ZENITHOR_VALUES_VERSION_STRING "1.0.0"
+
+/* Stack that a call needs; what the thread touches of it is less. */
+#define ZENITHOR_VALUES_STACK_BYTES 32768
 
 #if defined(_WIN32) && !defined(_WIN64)
 #define ZENITHOR_VALUES_CALL __stdcall
