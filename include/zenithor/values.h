@@ -268,7 +268,8 @@ double ZENITHOR_VALUES_CALL ZenithorNextAspect(int32_t body, int32_t otherBody, 
 
 /* All events of a kind in a span, to the bit those that the functions of zenithor.h give (its
  * accuracy is stated there), without their gaps and repetitions. Moments, capacity and answer as
- * for searches. kind  0 to 18; 14 and 18 stand for solar and lunar eclipses of any kind */
+ * for searches.
+ *   kind  0 to 18; 14 and 18 stand for solar and lunar eclipses of any kind */
 int32_t ZENITHOR_VALUES_CALL ZenithorEvents(int32_t kind, double from, double to,
                                             double* julianDays, int32_t capacity);
 
