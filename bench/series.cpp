@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ephemeris/cosine_sum.h"
+#include "ephemeris/moments_walk.h"
 #include "ephemeris/track_walk.h"
 #include "numerics/sincos.h"
 #include "support/full_store.h"
@@ -56,6 +57,22 @@ void BM_MarsAvx2(benchmark::State& state) {
 }
 BENCHMARK(BM_MarsAvx2);
 #endif
+
+MomentsRoom moments_room;
+template <void (*walk)(const TermTracks&, const double*, MomentsRoom&, double (*)[kMostEnds])>
+void BM_FourMars(benchmark::State& state) {
+  double sums[4][kSeriesCount];
+  double millennia[4] = {0.0, 1e-6, 2e-6, 3e-6};
+  for (auto _ : state) {
+    for (double& t : millennia) {
+      t += 4e-6;
+    }
+    walk(FullStore().bodies[kMars].tracks, millennia, moments_room, sums);
+    benchmark::DoNotOptimize(sums);
+  }
+}
+BENCHMARK_TEMPLATE(BM_FourMars, SumMomentsSse2);
+BENCHMARK_TEMPLATE(BM_FourMars, SumMomentsAvx2);
 
 void BM_MarsWithoutRoom(benchmark::State& state) {
   double sums[kSeriesCount];

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ephemeris/moments_walk.h"
 #include "ephemeris/track_walk.h"
 
 namespace zenithor {
@@ -45,6 +46,11 @@ void SumTracksSse2(const TermTracks& tracks, double millennia, SumRoom& room, do
   WalkTracks<FourInPairs>(tracks, millennia, room, sums);
 }
 
+void SumMomentsSse2(const TermTracks& tracks, const double* millennia, MomentsRoom& room,
+                    double (*sums)[kMostEnds]) {
+  WalkMoments<FourInPairs>(tracks, millennia, room, sums);
+}
+
 bool CanSumTracks(const TermTracks& tracks, double millennia) {
   // False for NaN.
   return tracks.frequency_count > 0 &&
@@ -65,6 +71,20 @@ void SumTracks(const TermTracks& tracks, double millennia, SumRoom* room,
   }
 #endif
   SumTracksSse2(tracks, millennia, *room, sums);
+}
+
+void SumMoments(const TermTracks& tracks, const double (&millennia)[kMomentsAtOnce],
+                MomentsRoom& room, double (&sums)[kMomentsAtOnce][kSeriesCount]) {
+  for (double(&each)[kSeriesCount] : sums) {
+    std::fill(std::begin(each), std::end(each), 0.0);
+  }
+#ifdef __x86_64__
+  if (__builtin_cpu_supports("avx2")) {
+    SumMomentsAvx2(tracks, millennia, room, sums);
+    return;
+  }
+#endif
+  SumMomentsSse2(tracks, millennia, room, sums);
 }
 
 }  // namespace zenithor

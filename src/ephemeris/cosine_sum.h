@@ -30,4 +30,9 @@ bool CanSumTracks(const TermTracks& tracks, double millennia);
 void SumTracks(const TermTracks& tracks, double millennia, SumRoom* room,
                double (&sums)[kSeriesCount]);
 
+// SumTracks at kMomentsAtOnce times side by side: sums[k] to the bit what it gives at millennia[k],
+// in about two thirds of the time.
+void SumMoments(const TermTracks& tracks, const double (&millennia)[kMomentsAtOnce],
+                MomentsRoom& room, double (&sums)[kMomentsAtOnce][kSeriesCount]);
+
 }  // namespace zenithor

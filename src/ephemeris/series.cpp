@@ -32,6 +32,28 @@ void CorrectToFk5(double millennia, Spherical& place) {
   place.latitude += kFk5Amplitude * (cos_lprime - sin_lprime) * kRadiansPerArcsecond;
 }
 
+// The sums of the powers of T.
+Spherical CoordinatesOf(const double (&sums)[kSeriesCount], double t) {
+  double coordinates[3];
+  const double* sum = sums;
+  for (double& coordinate : coordinates) {
+    coordinate = 0.0;
+    double power = 1.0;
+    for (int p = 0; p < kPowerCount; ++p, ++sum) {
+      coordinate += *sum * power;
+      power *= t;
+    }
+  }
+  return {coordinates[0], coordinates[1], coordinates[2]};
+}
+
+Spherical InFk5(Spherical place, double t) {
+  // Kept on purpose: the longitude is not reduced again after the correction; down to -0.1".
+  place.longitude = ReduceAngle(place.longitude);
+  CorrectToFk5(t, place);
+  return place;
+}
+
 // Term after term with the C library's cosine: for terms and times that the fast sum does not take.
 void SumPlainly(const BodySeries& body, double t, double (&sums)[kSeriesCount]) {
   const SeriesTerm* term = body.terms;
@@ -61,29 +83,36 @@ Spherical SumStoredSeries(const EphemerisStore& store, int slot, double centurie
   } else {
     SumPlainly(body, t, sums);
   }
-
-  double coordinates[3];
-  const double* sum = sums;
-  for (double& coordinate : coordinates) {
-    coordinate = 0.0;
-    double power = 1.0;
-    for (int p = 0; p < kPowerCount; ++p, ++sum) {
-      coordinate += *sum * power;
-      power *= t;
-    }
-  }
-  return {coordinates[0], coordinates[1], coordinates[2]};
+  return CoordinatesOf(sums, t);
 }
 
 Spherical EvaluateSeries(const EphemerisStore& store, int slot, double centuries, SumRoom* room) {
   if (!IsLoaded(store, slot)) {
     return {0.0, 0.0, 0.0};
   }
-  Spherical place = SumStoredSeries(store, slot, centuries, room);
-  // Kept on purpose: the longitude is not reduced again after the correction; down to -0.1".
-  place.longitude = ReduceAngle(place.longitude);
-  CorrectToFk5(Millennia(centuries), place);
-  return place;
+  return InFk5(SumStoredSeries(store, slot, centuries, room), Millennia(centuries));
+}
+
+bool EvaluateSeriesAtOnce(const EphemerisStore& store, int slot,
+                          const double (&centuries)[kMomentsAtOnce], MomentsRoom& room,
+                          Spherical (&places)[kMomentsAtOnce]) {
+  if (!IsLoaded(store, slot)) {
+    return false;
+  }
+  const TermTracks& tracks = store.bodies[slot].tracks;
+  double t[kMomentsAtOnce];
+  for (int k = 0; k < kMomentsAtOnce; ++k) {
+    t[k] = Millennia(centuries[k]);
+    if (!CanSumTracks(tracks, t[k])) {
+      return false;
+    }
+  }
+  double sums[kMomentsAtOnce][kSeriesCount];
+  SumMoments(tracks, t, room, sums);
+  for (int k = 0; k < kMomentsAtOnce; ++k) {
+    places[k] = InFk5(CoordinatesOf(sums[k], t[k]), t[k]);
+  }
+  return true;
 }
 
 Spherical EvaluateBody(const EphemerisStore& store, int code, double centuries, SumRoom* room) {

@@ -20,7 +20,7 @@ constexpr int kMostEnds = 18;  // one a series
 // A body with more frequencies than this is not arranged; the full series have at most 1504.
 constexpr int kMostFrequencies = 1536;
 
-// The vector lane in which a track's sum is kept.
+// The vector lane in which a track's sum is kept. The other way round it is the same.
 constexpr int kLaneOfTrack[kTrackCount] = {0, 2, 1, 3};
 
 // A series whose last term is just before `step`, in the track whose sum is in vector lane `lane`.
@@ -34,6 +34,15 @@ struct SeriesEnd {
 // kilobytes, so not on the stack of whoever calls: a host's thread may have little more.
 struct SumRoom {
   alignas(64) double cosine_sine[2 * kMostFrequencies];
+};
+
+// How many moments are summed side by side, a vector lane each.
+constexpr int kMomentsAtOnce = 4;
+
+// The same for so many moments: of each frequency the four cosines, then the four sines. Ninety-six
+// kilobytes.
+struct MomentsRoom {
+  alignas(64) double cosines_sines[2 * kMomentsAtOnce * kMostFrequencies];
 };
 
 struct TermTracks {

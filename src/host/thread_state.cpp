@@ -23,7 +23,12 @@ namespace zenithor {
 
 namespace {
 
-static_assert(std::is_trivially_destructible_v<ThreadState>, "the end of a thread runs no code");
+static_assert(std::is_trivially_destructible_v<ThreadState> &&
+                  std::is_trivially_destructible_v<ThreadValues>,
+              "the end of a thread runs no code");
+static_assert(alignof(ThreadState) >= alignof(ThreadValues), "the one can follow the other");
+
+bool keeps_values = false;
 
 // The system's slots. Get and Set are those of the calling thread.
 #ifdef _WIN32
@@ -117,13 +122,18 @@ ThreadState* MakeThreadState(Slot slot) {
   if (void* const made_by_handler = Get(slot)) {
     return SetIn(made_by_handler);
   }
-  void* const memory = std::malloc(sizeof(ThreadState) + alignof(ThreadState));
+  const std::size_t of_values = keeps_values ? sizeof(ThreadValues) : 0;
+  void* const memory = std::malloc(alignof(ThreadState) + sizeof(ThreadState) + of_values);
   if (memory == nullptr) {
     return nullptr;
   }
   auto* const state = new (SetIn(memory)) ThreadState;
   state->position.moment.room = &state->room;
-  state->position.places = &state->places;
+  if (keeps_values) {
+    auto* const values = new (state + 1) ThreadValues;
+    state->position.places = &values->places;
+    state->position.moment.moments_room = &values->room;
+  }
   if (!Set(slot, memory)) {
     std::free(memory);
     return nullptr;
@@ -180,6 +190,8 @@ __attribute__((section(".CRT$XLY"), used)) const PIMAGE_TLS_CALLBACK zenithor_re
     ReleaseThreadState;
 }
 #endif
+
+void KeepThreadValues() { keeps_values = true; }
 
 ThreadState* FindThreadState() {
   [[maybe_unused]] const HostsThread hosts_thread;

@@ -9,10 +9,19 @@ namespace zenithor {
 // What the library keeps from call to call: one set per thread.
 struct ThreadState {
   PositionState position;
-  PlaceMemory places;             // position.places, likewise
   SumRoom room;                   // position.moment.room of a set that a thread has
   volatile bool in_call = false;  // by a call of this thread that has not returned
 };
+
+// What comes with it in a library that is asked for values: field by field, and in arrays.
+struct ThreadValues {
+  PlaceMemory places;  // position.places
+  MomentsRoom room;    // position.moment.moments_room
+};
+
+// Every set that a thread makes from now on comes with ThreadValues. For a library's load, before
+// any call.
+void KeepThreadValues();
 
 // The calling thread's own set, made on the thread's first call and released when the thread ends.
 // Null where the process has no per-thread slot or no memory left.

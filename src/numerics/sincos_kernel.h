@@ -48,6 +48,11 @@ ZENITHOR_KERNEL void LoadFour(const double* from, FourInPairs& four) {
   four = {_mm_loadu_pd(from), _mm_loadu_pd(from + 2)};
 }
 
+ZENITHOR_KERNEL void StoreLanes(FourInPairs four, double* to) {
+  _mm_storeu_pd(to, four.first);
+  _mm_storeu_pd(to + 2, four.second);
+}
+
 // Whether all four are at most `largest` in size; false for NaN.
 ZENITHOR_KERNEL bool AreWithin(FourInPairs x, double largest) {
   const __m128d sign = _mm_set1_pd(-0.0);
@@ -57,16 +62,19 @@ ZENITHOR_KERNEL bool AreWithin(FourInPairs x, double largest) {
   return _mm_movemask_pd(_mm_and_pd(first, second)) == 3;
 }
 
+// The row of kCircleSteps that lies so many bytes after the first.
+ZENITHOR_KERNEL __m128d StepAt(int bytes) {
+  const auto* const steps = reinterpret_cast<const char*>(kCircleSteps);
+  return _mm_load_pd(reinterpret_cast<const double*>(steps + static_cast<unsigned>(bytes)));
+}
+
 // Two rows of kCircleSteps, those that the low bits of the two lanes of `whole` count, side by
 // side.
 ZENITHOR_KERNEL void LoadTwoSteps(__m128d whole, __m128d& cosine, __m128d& sine) {
   const __m128i bytes =
       _mm_and_si128(_mm_slli_epi64(_mm_castpd_si128(whole), 4), _mm_set1_epi32(511 * 16));
-  const auto* const steps = reinterpret_cast<const char*>(kCircleSteps);
-  const __m128d row0 =
-      _mm_load_pd(reinterpret_cast<const double*>(steps + _mm_extract_epi16(bytes, 0)));
-  const __m128d row1 =
-      _mm_load_pd(reinterpret_cast<const double*>(steps + _mm_extract_epi16(bytes, 4)));
+  const __m128d row0 = StepAt(_mm_extract_epi16(bytes, 0));
+  const __m128d row1 = StepAt(_mm_extract_epi16(bytes, 4));
   cosine = _mm_unpacklo_pd(row0, row1);
   sine = _mm_unpackhi_pd(row0, row1);
 }
@@ -103,12 +111,21 @@ ZENITHOR_KERNEL void Repeat(double x, FourInQuad& four) { four.all = _mm256_set1
 ZENITHOR_KERNEL void LoadFour(const double* from, FourInQuad& four) {
   four.all = _mm256_loadu_pd(from);
 }
+ZENITHOR_KERNEL void StoreLanes(FourInQuad four, double* to) { _mm256_storeu_pd(to, four.all); }
+// Rows 0 and 2, and 1 and 3, are put together as they are loaded, so that one instruction each
+// parts cosines and sines.
 ZENITHOR_KERNEL void LoadSteps(FourInQuad whole, FourInQuad& cosine, FourInQuad& sine) {
-  __m128d low_cosine, low_sine, high_cosine, high_sine;
-  LoadTwoSteps(_mm256_castpd256_pd128(whole.all), low_cosine, low_sine);
-  LoadTwoSteps(_mm256_extractf128_pd(whole.all, 1), high_cosine, high_sine);
-  cosine.all = _mm256_insertf128_pd(_mm256_castpd128_pd256(low_cosine), high_cosine, 1);
-  sine.all = _mm256_insertf128_pd(_mm256_castpd128_pd256(low_sine), high_sine, 1);
+  const __m256i bytes = _mm256_and_si256(_mm256_slli_epi64(_mm256_castpd_si256(whole.all), 4),
+                                         _mm256_set1_epi64x(511 * 16));
+  const __m128i low = _mm256_castsi256_si128(bytes);
+  const __m128i high = _mm256_extracti128_si256(bytes, 1);
+  const __m256d even = _mm256_insertf128_pd(_mm256_castpd128_pd256(StepAt(_mm_cvtsi128_si32(low))),
+                                            StepAt(_mm_cvtsi128_si32(high)), 1);
+  const __m256d odd =
+      _mm256_insertf128_pd(_mm256_castpd128_pd256(StepAt(_mm_extract_epi16(low, 4))),
+                           StepAt(_mm_extract_epi16(high, 4)), 1);
+  cosine.all = _mm256_unpacklo_pd(even, odd);
+  sine.all = _mm256_unpackhi_pd(even, odd);
 }
 ZENITHOR_KERNEL void StoreFour(FourInQuad cosine, FourInQuad sine, double* to) {
   const __m256d even = _mm256_unpacklo_pd(cosine.all, sine.all);
@@ -120,6 +137,35 @@ ZENITHOR_KERNEL void StoreFour(FourInQuad cosine, FourInQuad sine, double* to) {
 }
 
 #endif
+
+// Two fours, whose operations take turns: each works while the other waits for a result.
+template <class Four>
+struct Twice {
+  Four first, second;
+};
+
+template <class Four>
+ZENITHOR_KERNEL Twice<Four> operator+(Twice<Four> a, Twice<Four> b) {
+  return {a.first + b.first, a.second + b.second};
+}
+template <class Four>
+ZENITHOR_KERNEL Twice<Four> operator-(Twice<Four> a, Twice<Four> b) {
+  return {a.first - b.first, a.second - b.second};
+}
+template <class Four>
+ZENITHOR_KERNEL Twice<Four> operator*(Twice<Four> a, Twice<Four> b) {
+  return {a.first * b.first, a.second * b.second};
+}
+template <class Four>
+ZENITHOR_KERNEL void Repeat(double x, Twice<Four>& eight) {
+  Repeat(x, eight.first);
+  eight.second = eight.first;
+}
+template <class Four>
+ZENITHOR_KERNEL void LoadSteps(Twice<Four> whole, Twice<Four>& cosine, Twice<Four>& sine) {
+  LoadSteps(whole.first, cosine.first, sine.first);
+  LoadSteps(whole.second, cosine.second, sine.second);
+}
 
 // Cosine and sine of four angles x [rad], |x| <= kLargestKernelAngle. Each is within
 // 1.3e-16 + |x| 2^-75 of the true value; cos 0 = 1 and sin 0 = 0 exactly. Four is FourInPairs or

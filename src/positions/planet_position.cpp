@@ -12,48 +12,20 @@
 
 namespace zenithor {
 
-PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, BodyCode code,
-                               PlaceDepth depth, MomentCache& cache) {
-  const double t = centuries;
-  PlanetPlace out{};
-  out.epsilon0 = code == ZENITHOR_PLUTO ? kObliquityJ2000 : MeanObliquity(t);
-  out.nutation = CachedNutation(t, cache);
+namespace {
 
-  Spherical body{0.0, 0.0, 0.0};
-  if (code != ZENITHOR_SUN) {
-    body = code == ZENITHOR_EARTH ? CachedSeries(store, kEarthSlot, t, cache)
-                                  : EvaluateBody(store, code, t, cache.room);
-    out.heliocentric = {body.longitude + out.nutation.dpsi, body.latitude, body.radius};
-  }
-
-  if (code != ZENITHOR_EARTH && depth != PlaceDepth::kHeliocentric) {
-    const int observer_slot = code == ZENITHOR_PLUTO ? kEarthJ2000Slot : kEarthSlot;
-    const Spherical observer = CachedSeries(store, observer_slot, t, cache);
-    // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
-    // declination apparent; for Mercury the two differ by up to 60" and nutation.
-    Spherical place = GeocentricPosition(body, observer);
-    out.geometric = place;
-    if (depth == PlaceDepth::kApparent) {
-      if (code != ZENITHOR_SUN) {
-        // Kept on purpose: light time from the geometric distance, once, the observer left in
-        // place.
-        body = EvaluateBody(store, code, t - place.radius * kLightTimePerAu, cache.room);
-        place = GeocentricPosition(body, observer);
-      }
-      out.apparent = EclipticToEquatorial(place.longitude + out.nutation.dpsi, place.latitude,
-                                          out.epsilon0 + out.nutation.deps);
-      // Kept on purpose: aberration with the mean obliquity.
-      AnnualAberration(t, out.epsilon0, AberrationTerms::kWithEccentricity, out.apparent);
-    }
-  }
-  return out;
+// The apparent direction of what is at `place`, the time of light taken into account.
+Equatorial ApparentDirection(double centuries, const Spherical& place, double epsilon0,
+                             const NutationAngles& nutation) {
+  Equatorial apparent = EclipticToEquatorial(place.longitude + nutation.dpsi, place.latitude,
+                                             epsilon0 + nutation.deps);
+  // Kept on purpose: aberration with the mean obliquity.
+  AnnualAberration(centuries, epsilon0, AberrationTerms::kWithEccentricity, apparent);
+  return apparent;
 }
 
-Equatorial ComputePlanetPosition(const EphemerisStore& store, double julian_day,
-                                 double /*observer_longitude*/, double /*observer_latitude*/,
-                                 BodyCode code, MomentCache& cache, BodyPositionRecord& record) {
-  const double t = JulianCenturies(julian_day);
-  const PlanetPlace place = ComputePlanetPlace(store, t, code, PlaceDepth::kApparent, cache);
+void WritePlace(double centuries, BodyCode code, const PlanetPlace& place,
+                BodyPositionRecord& record) {
   if (code != ZENITHOR_SUN) {
     StoreAngle(place.heliocentric.longitude * kDegreesPerRadian, 360.0, record.HelioLongitude);
     record.HelioLatitude = place.heliocentric.latitude * kDegreesPerRadian;
@@ -67,8 +39,91 @@ Equatorial ComputePlanetPosition(const EphemerisStore& store, double julian_day,
     record.Declination = place.apparent.delta * kDegreesPerRadian;
   }
   record.Obliquity = place.epsilon0;
-  record.Centuries = t;
-  return place.apparent;
+  record.Centuries = centuries;
+}
+
+}  // namespace
+
+void ComputePlanetPlaces(const EphemerisStore& store, const double* centuries, int count,
+                         BodyCode code, PlaceDepth depth, MomentCache& cache, PlanetPlace* places) {
+  for (int k = 0; k < count; ++k) {
+    places[k] = {};
+    places[k].epsilon0 = code == ZENITHOR_PLUTO ? kObliquityJ2000 : MeanObliquity(centuries[k]);
+    places[k].nutation = CachedNutation(centuries[k], cache);
+  }
+
+  Spherical bodies[kMomentsAtOnce] = {};
+  if (code != ZENITHOR_SUN) {
+    if (code == ZENITHOR_EARTH) {
+      CachedSeriesAt(store, kEarthSlot, centuries, count, cache, bodies);
+    } else {
+      EvaluateBodyAt(store, code, centuries, count, cache, bodies);
+    }
+    for (int k = 0; k < count; ++k) {
+      places[k].heliocentric = {bodies[k].longitude + places[k].nutation.dpsi, bodies[k].latitude,
+                                bodies[k].radius};
+    }
+  }
+  if (code == ZENITHOR_EARTH || depth == PlaceDepth::kHeliocentric) {
+    return;
+  }
+
+  const int observer_slot = code == ZENITHOR_PLUTO ? kEarthJ2000Slot : kEarthSlot;
+  Spherical observers[kMomentsAtOnce];
+  CachedSeriesAt(store, observer_slot, centuries, count, cache, observers);
+  // Kept on purpose: longitude, latitude and distance are geometric, right ascension and
+  // declination apparent; for Mercury the two differ by up to 60" and nutation.
+  for (int k = 0; k < count; ++k) {
+    places[k].geometric = GeocentricPosition(bodies[k], observers[k]);
+  }
+  if (depth == PlaceDepth::kGeometric) {
+    return;
+  }
+
+  if (code != ZENITHOR_SUN) {
+    // Kept on purpose: light time from the geometric distance, once, the observer left in place.
+    double light_left[kMomentsAtOnce];
+    for (int k = 0; k < count; ++k) {
+      light_left[k] = centuries[k] - places[k].geometric.radius * kLightTimePerAu;
+    }
+    EvaluateBodyAt(store, code, light_left, count, cache, bodies);
+  }
+  for (int k = 0; k < count; ++k) {
+    const Spherical seen =
+        code == ZENITHOR_SUN ? places[k].geometric : GeocentricPosition(bodies[k], observers[k]);
+    places[k].apparent =
+        ApparentDirection(centuries[k], seen, places[k].epsilon0, places[k].nutation);
+  }
+}
+
+PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, BodyCode code,
+                               PlaceDepth depth, MomentCache& cache) {
+  PlanetPlace place;
+  ComputePlanetPlaces(store, &centuries, 1, code, depth, cache, &place);
+  return place;
+}
+
+void ComputePlanetPositions(const EphemerisStore& store, const double* julian_days, int count,
+                            BodyCode code, MomentCache& cache, BodyPositionRecord* records,
+                            Equatorial* apparent) {
+  double centuries[kMomentsAtOnce] = {};
+  for (int k = 0; k < count; ++k) {
+    centuries[k] = JulianCenturies(julian_days[k]);
+  }
+  PlanetPlace places[kMomentsAtOnce];
+  ComputePlanetPlaces(store, centuries, count, code, PlaceDepth::kApparent, cache, places);
+  for (int k = 0; k < count; ++k) {
+    WritePlace(centuries[k], code, places[k], records[k]);
+    apparent[k] = places[k].apparent;
+  }
+}
+
+Equatorial ComputePlanetPosition(const EphemerisStore& store, double julian_day,
+                                 double /*observer_longitude*/, double /*observer_latitude*/,
+                                 BodyCode code, MomentCache& cache, BodyPositionRecord& record) {
+  Equatorial apparent;
+  ComputePlanetPositions(store, &julian_day, 1, code, cache, &record, &apparent);
+  return apparent;
 }
 
 }  // namespace zenithor

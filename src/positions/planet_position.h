@@ -25,6 +25,11 @@ struct PlanetPlace {
 PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, BodyCode code,
                                PlaceDepth depth, MomentCache& cache);
 
+// The same at each of `count` times, 1 to kMomentsAtOnce, to the bit; four cost less than four
+// times one.
+void ComputePlanetPlaces(const EphemerisStore& store, const double* centuries, int count,
+                         BodyCode code, PlaceDepth depth, MomentCache& cache, PlanetPlace* places);
+
 // The place of a body of code 0 to 8 at a Julian day [day, any], written into `record` in degrees,
 // hours and astronomical units: heliocentric (fields 1-3, not for the Sun), geometric geocentric
 // (4-6) and apparent right ascension and declination (7, 8; 4-8 not for the Earth), obliquity and
@@ -37,5 +42,10 @@ PlanetPlace ComputePlanetPlace(const EphemerisStore& store, double centuries, Bo
 Equatorial ComputePlanetPosition(const EphemerisStore& store, double julian_day,
                                  double observer_longitude, double observer_latitude, BodyCode code,
                                  MomentCache& cache, BodyPositionRecord& record);
+
+// The same at each of `count` Julian days, 1 to kMomentsAtOnce; what it returns goes to `apparent`.
+void ComputePlanetPositions(const EphemerisStore& store, const double* julian_days, int count,
+                            BodyCode code, MomentCache& cache, BodyPositionRecord* records,
+                            Equatorial* apparent);
 
 }  // namespace zenithor

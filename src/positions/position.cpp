@@ -4,6 +4,7 @@
 #include "positions/moon_position.h"
 #include "positions/planet_position.h"
 #include "positions/pluto_position.h"
+#include "time/julian_day.h"
 
 namespace zenithor {
 
@@ -16,6 +17,17 @@ constexpr double kNoAnswer = 0.0;
 bool CanComputePlanet(const EphemerisStore& store, BodyCode code) {
   const bool own_slot = code == ZENITHOR_SUN || IsLoaded(store, code);
   return own_slot && IsLoaded(store, kEarthSlot);
+}
+
+// Has the Earth's places of these moments kept, for a body that is computed moment by moment.
+void KeepEarth(const EphemerisStore& store, const double* julian_days, int count,
+               MomentCache& cache) {
+  double centuries[kMomentsAtOnce] = {};
+  Spherical earth[kMomentsAtOnce];
+  for (int k = 0; k < count; ++k) {
+    centuries[k] = JulianCenturies(julian_days[k]);
+  }
+  CachedSeriesAt(store, kEarthSlot, centuries, count, cache, earth);
 }
 
 }  // namespace
@@ -42,6 +54,28 @@ double ComputePlace(const EphemerisStore& store, PositionState& state, double ju
   WriteCalendarFields(julian_day, record);
   apparent = ComputePlanetPosition(store, julian_day, observer_longitude, observer_latitude, planet,
                                    state.moment, record);
+  return ZENITHOR_DONE;
+}
+
+double ComputePlaces(const EphemerisStore& store, PositionState& state, const double* julian_days,
+                     int count, BodyCode code, BodyPositionRecord* records, Equatorial* apparent) {
+  if (code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE) {
+    if (code == ZENITHOR_MOON) {
+      KeepEarth(store, julian_days, count, state.moment);
+    }
+    double done = kNoAnswer;
+    for (int k = 0; k < count; ++k) {
+      done = ComputePlace(store, state, julian_days[k], 0.0, 0.0, code, records[k], apparent[k]);
+    }
+    return done;
+  }
+  if (!CanComputePlanet(store, code)) {
+    return kNoAnswer;
+  }
+  for (int k = 0; k < count; ++k) {
+    WriteCalendarFields(julian_days[k], records[k]);
+  }
+  ComputePlanetPositions(store, julian_days, count, code, state.moment, records, apparent);
   return ZENITHOR_DONE;
 }
 

@@ -10,6 +10,7 @@
 
 #include "host/boundary.h"
 #include "host/process_store.h"
+#include "host/thread_state.h"
 #include "values/data.h"
 #include "values/guide_store.h"
 
@@ -19,6 +20,7 @@ extern "C" ZENITHOR_ENTRY BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason
                                               LPVOID /*reserved*/) {
   if (reason == DLL_PROCESS_ATTACH) {
     const zenithor::HostBoundary boundary;
+    zenithor::KeepThreadValues();
     zenithor::LoadLinkedData(zenithor::ProcessStore());
     zenithor::MakeProcessGuide(zenithor::ProcessStore());
   }
@@ -31,6 +33,7 @@ namespace {
 
 __attribute__((constructor)) void ArrangeLinkedData() {
   const zenithor::HostBoundary boundary;
+  zenithor::KeepThreadValues();
   zenithor::LoadLinkedData(zenithor::ProcessStore());
   zenithor::MakeProcessGuide(zenithor::ProcessStore());
 }

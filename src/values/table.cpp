@@ -10,12 +10,29 @@
 
 namespace zenithor {
 
+namespace {
+
+// Evaluates the places of four days side by side.
+void PrepareDays(const EphemerisStore& store, PositionState& state, const TableRequest& request,
+                 const double* julian_days) {
+  for (std::int32_t b = 0; b < request.body_count; ++b) {
+    for (std::int32_t f = 0; f < request.field_count; ++f) {
+      PrepareField(store, state, request.bodies[b], request.fields[f], julian_days);
+    }
+  }
+}
+
+}  // namespace
+
 std::int32_t FillTable(const EphemerisStore& store, PositionState& state,
                        const TableRequest& request) {
   std::int64_t numbers = 0;
   bool every_body = true;
   bool every_field = true;
   for (std::int32_t d = 0; d < request.day_count; ++d) {
+    if (d % kMomentsAtOnce == 0 && request.day_count - d >= kMomentsAtOnce) {
+      PrepareDays(store, state, request, request.julian_days + d);
+    }
     for (std::int32_t b = 0; b < request.body_count; ++b) {
       every_body = every_body && IsBody(request.bodies[b]);
       for (std::int32_t f = 0; f < request.field_count; ++f) {

@@ -73,15 +73,19 @@ TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
   for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     CachedSeries(FullStore(), kEarthSlot, k, cache);
   }
-  CachedNutation(0.5, cache);
+  for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
+    CachedNutation(k, cache);
+  }
   for (MomentCache::KeptPlace& kept : cache.places) {
     kept.place.radius = 1000.0 + kept.centuries;
   }
-  cache.nutation.dpsi = 2000.0;
+  for (MomentCache::KeptNutation& kept : cache.nutations) {
+    kept.angles.dpsi = 2000.0 + kept.centuries;
+  }
   for (unsigned k = 0; k < MomentCache::kPlaceCount; ++k) {
     EXPECT_EQ(CachedSeries(FullStore(), kEarthSlot, k, cache).radius, 1000.0 + k);
+    EXPECT_EQ(CachedNutation(k, cache).dpsi, 2000.0 + k);
   }
-  EXPECT_EQ(CachedNutation(0.5, cache).dpsi, 2000.0);
 
   // One moment more displaces the oldest alone.
   CachedSeries(FullStore(), kEarthSlot, 9.0, cache);
