@@ -58,13 +58,27 @@ constexpr FieldRow kFields[] = {
     {ZENITHOR_FIELD_DIRECTION, "direct or retrograde", "", 0.0, kSeenFromEarth},
 };
 
-const FieldRow* FindField(int field) {
+constexpr int kFieldEnd = 107;  // behind the last number
+
+// One more than the index of a field's row; 0 for a number that is no field.
+struct RowNumbers {
+  std::uint8_t of[kFieldEnd];
+};
+
+constexpr RowNumbers NumberRows() {
+  RowNumbers rows{};
+  std::uint8_t number = 0;
   for (const FieldRow& row : kFields) {
-    if (row.field == field) {
-      return &row;
-    }
+    rows.of[row.field] = ++number;
   }
-  return nullptr;
+  return rows;
+}
+
+constexpr RowNumbers kRows = NumberRows();
+
+const FieldRow* FindField(int field) {
+  const bool numbered = field >= 0 && field < kFieldEnd && kRows.of[field] != 0;
+  return numbered ? &kFields[kRows.of[field] - 1] : nullptr;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ephemeris/cosine_sum.h"
+#include "ephemeris/moments_walk.h"
 #include "ephemeris/series.h"
 #include "ephemeris/track_walk.h"
 #include "support/full_store.h"
@@ -254,6 +255,83 @@ TEST(FastSum, IsTheSameBitsWithAndWithoutAvx2) {
   }
 }
 #endif
+
+MomentsRoom moments_room;
+
+// Times near and far apart, forwards and backwards, the same one twice.
+void FourTimes(int k, double (&times)[kMomentsAtOnce]) {
+  const double first = -8.0 + 0.0321 * k;
+  constexpr double kSteps[] = {2.7e-6, 1.7e-7, -3e-4, 1.0, 0.0};
+  for (int m = 0; m < kMomentsAtOnce; ++m) {
+    times[m] = first + m * kSteps[k % 5];
+  }
+}
+
+using MomentsSum = void (*)(const TermTracks&, const double*, MomentsRoom&, double (*)[kMostEnds]);
+
+void ExpectTheSumsOfEachMoment(MomentsSum sum_moments) {
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    const TermTracks& tracks = FullStore().bodies[slot].tracks;
+    for (int k = 0; k < 300; ++k) {
+      double times[kMomentsAtOnce];
+      FourTimes(k, times);
+      double together[kMomentsAtOnce][kSeriesCount] = {};
+      sum_moments(tracks, times, moments_room, together);
+      for (int m = 0; m < kMomentsAtOnce; ++m) {
+        double alone[kSeriesCount] = {};
+        SumTracksSse2(tracks, times[m], room, alone);
+        ASSERT_EQ(std::memcmp(together[m], alone, sizeof alone), 0) << slot << " " << k << " " << m;
+      }
+    }
+  }
+}
+
+TEST(FastSum, OfFourMomentsIsTheSameBitsAsOfEach) {
+  ExpectTheSumsOfEachMoment(SumMomentsSse2);
+#ifdef __x86_64__
+  if (__builtin_cpu_supports("avx2")) {
+    ExpectTheSumsOfEachMoment(SumMomentsAvx2);
+  }
+#endif
+}
+
+// Bodies of few terms, so that tracks stay empty, series end together and frequencies are padded.
+TEST(FastSum, OfFourMomentsIsTheSameBitsForAnyShapeOfSeries) {
+  const std::vector<std::vector<int>> shapes = {
+      {1},
+      {1, 1, 1, 1},
+      {7, 0, 0, 3},
+      {5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5},
+      {0, 2}};
+  for (const std::vector<int>& shape : shapes) {
+    std::size_t total = 0;
+    for (const int count : shape) {
+      total += static_cast<std::size_t>(count);
+    }
+    const OneBody body(RandomTerms(total), shape);
+    const double centuries[kMomentsAtOnce] = {0.25, -3.0, 17.5, 0.0};
+    Spherical places[kMomentsAtOnce];
+    ASSERT_TRUE(EvaluateSeriesAtOnce(body.Store(), kEarthSlot, centuries, moments_room, places));
+    for (int m = 0; m < kMomentsAtOnce; ++m) {
+      EXPECT_TRUE(SameBytes(places[m], EvaluateSeries(body.Store(), kEarthSlot, centuries[m])));
+    }
+  }
+}
+
+TEST(FastSum, OfFourMomentsIsRefusedWhereOneIsToBeWalkedPlainly) {
+  Spherical places[kMomentsAtOnce];
+  for (const double remote : {1e300, -1e6, kInfinity, kNotANumber}) {
+    for (int m = 0; m < kMomentsAtOnce; ++m) {
+      double centuries[kMomentsAtOnce] = {0.1, 0.2, 0.3, 0.4};
+      centuries[m] = remote;
+      EXPECT_FALSE(EvaluateSeriesAtOnce(FullStore(), kEarthSlot, centuries, moments_room, places));
+    }
+  }
+  const EphemerisStore empty;
+  const double centuries[kMomentsAtOnce] = {0.1, 0.2, 0.3, 0.4};
+  EXPECT_FALSE(EvaluateSeriesAtOnce(empty, kEarthSlot, centuries, moments_room, places));
+  EXPECT_FALSE(EvaluateSeriesAtOnce(FullStore(), kSlotCount, centuries, moments_room, places));
+}
 
 // tests/golden/series_hash.txt holds the FNV-1a hash of the bits of L, B, R of 100 000 sums over
 // the years -3000 to 6000. One value for every processor, compiler and platform; a commit that

@@ -94,6 +94,34 @@ TEST(MomentCache, AnswersTheLastMomentsFromWhatItKept) {
   EXPECT_LT(CachedSeries(FullStore(), kEarthSlot, 0.0, cache).radius, 2.0);
 }
 
+TEST(MomentCache, GivesSeveralMomentsTheBitsOfEach) {
+  static MomentsRoom moments_room;
+  for (MomentsRoom* const room : {static_cast<MomentsRoom*>(nullptr), &moments_room}) {
+    MomentCache cache;
+    cache.moments_room = room;
+    std::uint64_t random = 1;
+    for (int call = 0; call < 400; ++call) {
+      random = random * 6364136223846793005U + 1442695040888963407U;
+      const int count = 1 + static_cast<int>((random >> 40) % kMomentsAtOnce);
+      const int slot = 1 + static_cast<int>((random >> 50) % 9);  // 9 is Pluto
+      double centuries[kMomentsAtOnce];
+      for (int k = 0; k < count; ++k) {
+        // Moments come back, and some are remote.
+        centuries[k] = 0.125 * static_cast<double>((random >> (8 * k)) % 16);
+        centuries[k] = (random >> (8 * k)) % 64 == 0 ? 1e5 : centuries[k];
+      }
+      Spherical bodies[kMomentsAtOnce];
+      Spherical earth[kMomentsAtOnce];
+      EvaluateBodyAt(FullStore(), slot, centuries, count, cache, bodies);
+      CachedSeriesAt(FullStore(), kEarthSlot, centuries, count, cache, earth);
+      for (int k = 0; k < count; ++k) {
+        EXPECT_TRUE(SameBytes(bodies[k], EvaluateBody(FullStore(), slot, centuries[k])));
+        EXPECT_TRUE(SameBytes(earth[k], EvaluateSeries(FullStore(), kEarthSlot, centuries[k])));
+      }
+    }
+  }
+}
+
 TEST(MomentCache, KnowsTheTermsApartWhenTheStoreOrItsContentChanges) {
   MomentCache cache;
   OneTermStore first, second;

@@ -143,6 +143,71 @@ TEST(FieldValues, OfSeveralMomentsAreThoseOfEach) {
   EXPECT_EQ(in_place, values);
 }
 
+// What a thread's set has.
+struct ThreadsOwn {
+  PlaceMemory memory;
+  SumRoom room;
+  MomentsRoom moments_room;
+  PositionState state;
+
+  ThreadsOwn() {
+    state.places = &memory;
+    state.moment.room = &room;
+    state.moment.moments_room = &moments_room;
+  }
+};
+
+// Moments of our time and remote ones, some twice, some no numbers; the calendar's change in
+// between.
+std::vector<double> MixedDays() {
+  std::vector<double> days;
+  for (int k = 0; k < 41; ++k) {
+    days.push_back(2451545.0 + 3.7 * k);
+  }
+  const double others[] = {2299159.5, 2299160.5, 2299160.5, 2299161.5,  kNone,     2460000.5,
+                           2460000.5, 2460001.5, -1401.5,   -1e7,       5373484.5, 1e15,
+                           0.25,      -0.0,      0.0,       HUGE_VAL,   990557.5,  3182029.4,
+                           1e300,     -1e300,    2460002.5, 2460003.25, 2433282.42};
+  days.insert(days.end(), std::begin(others), std::end(others));
+  return days;
+}
+
+TEST(FieldValues, OfArraysAreThoseOfSingleCallsToTheBit) {
+  const std::vector<double> days = MixedDays();
+  static ThreadsOwn arrays;
+  static ThreadsOwn single;
+  static ThreadsOwn tables;
+  const auto day_count = static_cast<std::int32_t>(days.size());
+  std::vector<std::int32_t> fields;
+  for (int field = 1; field <= 106; ++field) {
+    if (IsField(field)) {
+      fields.push_back(field);
+    }
+  }
+  const auto field_count = static_cast<std::int32_t>(fields.size());
+  ASSERT_EQ(field_count, 25);
+  std::vector<double> table(days.size() * fields.size());
+  std::vector<double> values(days.size());
+  for (std::int32_t body = 0; body < ZENITHOR_BODY_COUNT; ++body) {
+    FillTable(testing::FullStore(), tables.state,
+              {&body, 1, fields.data(), field_count, days.data(), day_count, table.data(),
+               field_count, 0, 1});
+    for (std::size_t f = 0; f < fields.size(); ++f) {
+      // Every number of moments that is left over after fours; in place, too.
+      const std::size_t first = f % 5;
+      std::copy(days.begin(), days.end(), values.begin());
+      FieldValues(testing::FullStore(), arrays.state, body, fields[f], values.data() + first,
+                  day_count - static_cast<std::int32_t>(first), values.data() + first);
+      for (std::size_t k = first; k < days.size(); ++k) {
+        const std::uint64_t alone = Bits(ValueOf(single.state, body, fields[f], days[k]));
+        EXPECT_EQ(Bits(values[k]), alone) << body << " " << fields[f] << " " << days[k];
+        EXPECT_EQ(Bits(table[k * fields.size() + f]), alone)
+            << body << " " << fields[f] << " " << days[k];
+      }
+    }
+  }
+}
+
 // Fields 7 and 8 turned into the true ecliptic; fields 4 and 5 of the Moon are apparent themselves.
 TEST(ApparentPlace, OfTheMoonIsThatOfItsRecord) {
   PositionState state;
