@@ -98,6 +98,42 @@ static void CompareFields(const ZenithorLibrary* records, const ZenithorValuesLi
   CHECK(compared == 11L * kFields * kMoments);
 }
 
+enum { kMixed = 103, kAllFields = 25 };
+
+/* Arrays and tables hold the bits of single calls: moments one after another, one twice, none that
+ * is a number, the calendar's change, remote ones; counts that are no multiple of four. */
+static void CompareArrays(const ZenithorValuesLibrary* values) {
+  static double days[kMixed];
+  static double array[kMixed];
+  static double table[kMixed * kAllFields];
+  int32_t fields[kAllFields];
+  int32_t body;
+  int32_t field;
+  int f = 0;
+  int k;
+  for (field = 1; field <= 106; ++field) {
+    if (values->FieldName(field) != NULL && f < kAllFields) {
+      fields[f++] = field;
+    }
+  }
+  CHECK(f == kAllFields);
+  for (k = 0; k < kMixed; ++k) {
+    days[k] = k % 13 == 5 ? days[k - 1] : k % 17 == 9 ? (double)NAN : Moment(k % 23) + k / 23;
+  }
+  for (body = 0; body < 11; ++body) {
+    values->Table(&body, 1, fields, kAllFields, days, kMixed, table, 0, 0, 0);
+    for (f = 0; f < kAllFields; ++f) {
+      const int first = f % 4;
+      values->Values(body, fields[f], days + first, kMixed - first, array);
+      for (k = 0; k < kMixed; ++k) {
+        const double value = values->Value(body, fields[f], days[k]);
+        CHECK(k < first || SameBits(array[k - first], value));
+        CHECK(SameBits(table[k * kAllFields + f], value));
+      }
+    }
+  }
+}
+
 /* Events of the years 2000 to 2010. */
 static void CompareEvents(const ZenithorLibrary* records, const ZenithorValuesLibrary* values) {
   static double days[1000];
@@ -196,6 +232,7 @@ int main(int count, char** words) {
     CHECK(functions[k] != NULL); /* the library has what the header declares */
   }
   CompareFields(&records, &values);
+  CompareArrays(&values);
   CompareEvents(&records, &values);
   CheckTheRest(&values);
   ZenithorValuesClose(&values);
