@@ -15,6 +15,7 @@
 
 #include "ephemeris/loader.h"
 #include "ephemeris/series.h"
+#include "host/thread_state.h"
 #include "positions/position.h"
 #include "rising/rising.h"
 #include "timing.h"

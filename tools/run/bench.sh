@@ -20,6 +20,10 @@ if tools/run/build.sh linux bench_series 2>/dev/null; then
   build/linux/bench/bench_series --benchmark_min_time=0.3 2>/dev/null
 fi
 echo
+if tools/run/build.sh linux bench_values 2>/dev/null; then
+  build/linux/bench/bench_values 2>/dev/null
+fi
+echo
 if tools/run/build.sh linux bench_searches 2>/dev/null; then
   build/linux/bench/bench_searches --benchmark_min_time=0.3 2>/dev/null
 fi
