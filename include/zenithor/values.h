@@ -161,8 +161,8 @@ enum {
 
 /* The value of a field of a body at a Julian day. NaN where there is none: no such body or field, a
  * field that the body does not have, a Julian day that is not finite. Fields of one body and moment
- * that are asked one after another cost one evaluation: each thread that calls keeps the latest four
- * moments of every body, and room to sum in, 140 KB in all, until it ends. */
+ * that are asked one after another cost one evaluation: each thread that calls keeps the latest
+ * four moments of every body, and room to sum in, 140 KB in all, until it ends. */
 double ZENITHOR_VALUES_CALL ZenithorValue(int32_t body, int32_t field, double julianDay);
 
 /* The same at julianDays[0] to julianDays[count - 1], into values[0] to values[count - 1]; the two

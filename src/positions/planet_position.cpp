@@ -14,16 +14,6 @@ namespace zenithor {
 
 namespace {
 
-// The apparent direction of what is at `place`, the time of light taken into account.
-Equatorial ApparentDirection(double centuries, const Spherical& place, double epsilon0,
-                             const NutationAngles& nutation) {
-  Equatorial apparent = EclipticToEquatorial(place.longitude + nutation.dpsi, place.latitude,
-                                             epsilon0 + nutation.deps);
-  // Kept on purpose: aberration with the mean obliquity.
-  AnnualAberration(centuries, epsilon0, AberrationTerms::kWithEccentricity, apparent);
-  return apparent;
-}
-
 void WritePlace(double centuries, BodyCode code, const PlanetPlace& place,
                 BodyPositionRecord& record) {
   if (code != ZENITHOR_SUN) {
@@ -92,7 +82,11 @@ void ComputePlanetPlaces(const EphemerisStore& store, const double* centuries, i
     const Spherical seen =
         code == ZENITHOR_SUN ? places[k].geometric : GeocentricPosition(bodies[k], observers[k]);
     places[k].apparent =
-        ApparentDirection(centuries[k], seen, places[k].epsilon0, places[k].nutation);
+        EclipticToEquatorial(seen.longitude + places[k].nutation.dpsi, seen.latitude,
+                             places[k].epsilon0 + places[k].nutation.deps);
+    // Kept on purpose: aberration with the mean obliquity.
+    AnnualAberration(centuries[k], places[k].epsilon0, AberrationTerms::kWithEccentricity,
+                     places[k].apparent);
   }
 }
 
