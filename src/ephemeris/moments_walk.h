@@ -47,16 +47,15 @@ template <class Four>
 ZENITHOR_KERNEL void WalkMoments(const TermTracks& tracks, const double* millennia,
                                  MomentsRoom& room, double (*sums)[kMostEnds]) {
   constexpr std::size_t kOfFrequency = 2 * kMomentsAtOnce;
-  double* const cosines_sines = room.cosines_sines;
   Four t;
   LoadFour(millennia, t);
-  double* to = cosines_sines;
-  for (std::int32_t k = 0; k < tracks.frequency_count; k += 2, to += 2 * kOfFrequency) {
+  for (std::int32_t k = 0; k < tracks.frequency_count; k += 2) {
     Four of_first, of_second;
     Repeat(tracks.frequencies[k], of_first);
     Repeat(tracks.frequencies[k + 1], of_second);
     Twice<Four> cosine, sine;
     CosinesAndSinesOfFour(Twice<Four>{of_first * t, of_second * t}, cosine, sine);
+    double* const to = &room.cosines_sines[kOfFrequency * static_cast<std::size_t>(k)];
     StoreLanes(cosine.first, to);
     StoreLanes(sine.first, to + kMomentsAtOnce);
     StoreLanes(cosine.second, to + kOfFrequency);
@@ -67,6 +66,7 @@ ZENITHOR_KERNEL void WalkMoments(const TermTracks& tracks, const double* millenn
   for (Four& each : sum) {
     Repeat(0.0, each);
   }
+  const double* const cosines_sines = room.cosines_sines;
   const double* products = tracks.products;
   const std::uint16_t* indices = tracks.indices;  // twice those of the frequencies
   std::int32_t step = 0;

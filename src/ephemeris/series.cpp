@@ -107,7 +107,7 @@ bool EvaluateSeriesAtOnce(const EphemerisStore& store, int slot,
       return false;
     }
   }
-  double sums[kMomentsAtOnce][kSeriesCount];
+  double sums[kMomentsAtOnce][kSeriesCount] = {};
   SumMoments(tracks, t, room, sums);
   for (int k = 0; k < kMomentsAtOnce; ++k) {
     places[k] = InFk5(CoordinatesOf(sums[k], t[k]), t[k]);

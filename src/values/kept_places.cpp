@@ -36,14 +36,13 @@ constexpr BodyPositionRecord kEmptyRecord = {kNone,
                                              0,
                                              0};
 
-// Null where the moment is not kept.
-KeptPlace* FindKept(KeptPlaces& kept, double julian_day) {
-  for (KeptPlace& place : kept.places) {
-    if (place.julian_day == julian_day) {
-      return &place;
-    }
+// The index of a moment's place; kMomentsAtOnce where it is not kept.
+int FindKept(const KeptPlaces& kept, double julian_day) {
+  int k = 0;
+  while (k < kMomentsAtOnce && kept.places[k].julian_day != julian_day) {
+    ++k;
   }
-  return nullptr;
+  return k;
 }
 
 // Makes room for another moment.
@@ -62,8 +61,8 @@ KeptPlace& KeptAt(PositionState& state, int body, double julian_day, KeptPlace& 
     return spare;
   }
   KeptPlaces& kept = state.places->bodies[body];
-  KeptPlace* const place = FindKept(kept, julian_day);
-  return place == nullptr ? ReplaceOldest(kept, julian_day) : *place;
+  const int k = FindKept(kept, julian_day);
+  return k == kMomentsAtOnce ? ReplaceOldest(kept, julian_day) : kept.places[k];
 }
 
 // Fills the places of `count` moments, 1 to kMomentsAtOnce. Without data their fields are NaN.
@@ -171,7 +170,8 @@ void PreparePlaces(const EphemerisStore& store, PositionState& state, int body,
   KeptPlaces& kept = state.places->bodies[body];
   for (int k = 0; k < kMomentsAtOnce; ++k) {
     const bool again = std::find(julian_days, julian_days + k, julian_days[k]) != julian_days + k;
-    if (again || !std::isfinite(julian_days[k]) || FindKept(kept, julian_days[k]) != nullptr) {
+    if (again || !std::isfinite(julian_days[k]) ||
+        FindKept(kept, julian_days[k]) != kMomentsAtOnce) {
       return;
     }
   }
