@@ -132,6 +132,7 @@ ThreadState* MakeThreadState(Slot slot) {
   if (keeps_values) {
     auto* const values = new (state + 1) ThreadValues;
     state->position.places = &values->places;
+    state->position.nodes = &values->nodes;
     state->position.moment.moments_room = &values->room;
   }
   if (!Set(slot, memory)) {

@@ -17,6 +17,7 @@ struct ThreadState {
 struct ThreadValues {
   PlaceMemory places;  // position.places
   MomentsRoom room;    // position.moment.moments_room
+  NodeMemory nodes;    // position.nodes; last, because few threads touch it
 };
 
 // Every set that a thread makes from now on comes with ThreadValues. For a library's load, before

@@ -3,6 +3,7 @@
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "orbits/state.h"
+#include "positions/node_memory.h"
 #include "positions/place_memory.h"
 #include "zenithor/zenithor.h"
 
@@ -13,6 +14,7 @@ struct PositionState {
   OrbitsState orbits;             // Pluto's
   MomentCache moment;             // what the bodies of one moment share
   PlaceMemory* places = nullptr;  // where field by field is asked; without it nothing is kept
+  NodeMemory* nodes = nullptr;    // of searches; likewise
 };
 
 // Where a body stands: the call handed to the driver of its code, with the calendar fields that

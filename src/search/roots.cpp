@@ -10,6 +10,7 @@ namespace zenithor {
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kFarthestMultiple = 1099511627776.0;  // 2^40 steps from moment 0
 
 bool HasGuide(const RootProblem& problem) { return problem.guide.evaluate != nullptr; }
@@ -96,10 +97,61 @@ Verdict Judge(double ya, double yb, double bulge, double slack) {
   return Verdict::kUndecided;
 }
 
-// The root of a cell on which the function is monotone and changes sign; the guide leads to it.
-// Secants from there, the first with the guide's slope. NaN when they lead astray.
-double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
+// What the function has more than the guide near a root: a straight line through what was found at
+// the last two moments.
+struct GuideRest {
+  double t;  // the last
+  double value;
+  double slope;
+};
+
+double CorrectedGuide(const RootProblem& problem, const GuideRest& rest, double t) {
+  return GuideDeparture(problem, t) + rest.value + rest.slope * (t - rest.t);
+}
+
+// The root of the corrected guide near rest.t, where its value is y; by secants, the first of the
+// given slope, which becomes that of the last. NaN when they lead out of the cell or nowhere.
+double CorrectedRoot(const RootProblem& problem, const SearchNode& a, const SearchNode& b,
+                     const GuideRest& rest, double y, double& slope) {
   constexpr int kMostSteps = 8;
+  double t = rest.t;
+  for (int step = 0; step < kMostSteps; ++step) {
+    const double move = -y / slope;
+    t += move;
+    if (!(t >= a.t && t <= b.t)) {
+      return kNaN;
+    }
+    if (std::fabs(move) <= 0.125 * problem.tolerance) {
+      return t;
+    }
+    const double next_y = CorrectedGuide(problem, rest, t);
+    if (std::fabs(next_y - y) > 1e3 * problem.noise) {
+      slope = (next_y - y) / move;
+    }
+    y = next_y;
+  }
+  return kNaN;
+}
+
+// What the straight line is wrong by at most, `move` beyond the last moment: a slope that is not
+// known after the first (the moment before is infinitely far away), or the bend.
+double RestError(const RootProblem& problem, double move, double distance) {
+  if (std::isinf(distance)) {
+    return problem.guide_rate_error > 0.0 ? problem.guide_rate_error * move : kInfinity;
+  }
+  if (!(2.0 * move <= distance)) {
+    return kInfinity;  // the noise of the two values would grow
+  }
+  const double bend =
+      problem.guide_bend_error > 0.0 ? problem.guide_bend_error : 2.0 * problem.bend;
+  return 0.5 * bend * move * (move + distance);
+}
+
+// The root of a cell on which the function is monotone and changes sign; the guide leads to it.
+// The function is asked there, the guide corrected by what it lacks, and so on until what it may
+// still lack is not worth a value. NaN when the guide leads astray.
+double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
+  constexpr int kMostValues = 6;
   const RootProblem& problem = walk.problem;
   if ((a.guide >= 0.0) == (b.guide >= 0.0)) {
     return kNaN;
@@ -107,35 +159,34 @@ double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
   const double chord_slope = (b.guide - a.guide) / (b.t - a.t);
   const double reach = problem.guide_error / std::fabs(chord_slope);
   double t = RootInBracket({a.t, a.guide}, {b.t, b.guide},
-                           std::fmax(0.5 * problem.tolerance, 0.05 * reach),
+                           std::fmax(0.125 * problem.tolerance, 0.001 * reach),
                            [&problem](double moment) { return GuideDeparture(problem, moment); });
   const double span =
       std::fmin(std::fmax(reach, std::ldexp(problem.step, -12)), 0.25 * (b.t - a.t));
   double slope =
       (GuideDeparture(problem, t + span) - GuideDeparture(problem, t - span)) / (2.0 * span);
-  if (!(slope * chord_slope > 0.0)) {
-    return kNaN;
-  }
-  double last_move = std::numeric_limits<double>::infinity();
-  double last_y = 0.0;
-  for (int step = 0; step < kMostSteps; ++step) {
+  GuideRest rest{};
+  for (int values = 1; values <= kMostValues && slope * chord_slope > 0.0; ++values) {
     const double y = FunctionDeparture(walk, t);
-    if (step > 0 && std::fabs(y - last_y) > 100.0 * problem.noise) {
-      slope = (y - last_y) / last_move;
-    }
-    const double move = -y / slope;
-    t += move;
-    const double size = std::fabs(move);
-    if (!(t >= a.t && t <= b.t) || !(size < std::fabs(last_move))) {
-      return size <= problem.tolerance && t >= a.t && t <= b.t ? t : kNaN;
-    }
-    // What a secant is wrong by.
-    const double rest = step == 0 ? size : 0.5 * problem.bend * size * std::fabs(last_move / slope);
-    if (rest <= 0.5 * problem.tolerance || std::fabs(y) <= 2.0 * problem.noise) {
+    const double lack = y - GuideDeparture(problem, t);
+    const double distance = values == 1 ? kInfinity : std::fabs(t - rest.t);
+    rest = {t, lack, values == 1 ? 0.0 : (lack - rest.value) / (t - rest.t)};
+    if (std::fabs(y) <= problem.noise) {
       return t;
     }
-    last_move = move;
-    last_y = y;
+    const double next = CorrectedRoot(problem, a, b, rest, y, slope);
+    if (std::isnan(next)) {
+      return kNaN;
+    }
+    const double move = std::fabs(next - t);
+    const double error = RestError(problem, move, distance);
+    const double least_slope = std::fabs(slope) - problem.guide_rate_error - problem.bend * move;
+    const bool certain = least_slope > 0.0 &&
+                         error <= std::fmax(problem.noise, 0.5 * problem.tolerance * least_slope);
+    if (certain || (values > 1 && move <= 0.5 * problem.tolerance)) {
+      return next;
+    }
+    t = next;
   }
   return kNaN;
 }

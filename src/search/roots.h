@@ -42,11 +42,16 @@ struct RootProblem {
                      // moves by less than a quarter of its period
   double tolerance;  // [day] > 0; what a Julian day cannot hold is not asked for
 
-  // A cheap function that is never farther than guide_error from `function` and has no larger
-  // second derivative; evaluate is null when there is none. Cells are then judged by the guide as
-  // far as that is certain, and `function` is asked near the roots only, about twice for each.
+  // A cheap function that is never farther than guide_error from `function`; evaluate is null when
+  // there is none. Cells are then judged by the guide as far as that is certain, and `function` is
+  // asked near the roots only, once or twice for each.
   TimeFunction guide;
   double guide_error;
+
+  // How far the guide's first and second derivative are off at most; 0 when that is not known. The
+  // better they are known, the earlier it is certain that a root needs no further value.
+  double guide_rate_error;  // [unit / day]
+  double guide_bend_error;  // [unit / day^2]
 };
 
 struct Root {

@@ -45,7 +45,7 @@ std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, Position
   }
   const double reduced = longitude ? std::remainder(angle, 360.0) : angle;
   const bool both_sides_are_one = reduced == 0.0 || (longitude && std::fabs(reduced) == 180.0);
-  walk.sources = PairOf(stores, state, body, other, field);
+  MakePair(stores, state, body, other, field, walk.sources);
   const FieldBounds bounds = BoundsOfDifference(*a, *b);
   walk.sides[1].has_next = false;
   for (int side = 0; side < (both_sides_are_one ? 1 : 2); ++side) {

@@ -76,7 +76,7 @@ std::int32_t BeginCrossings(CrossingWalk& walk, const SearchStores& stores, Posi
   }
   walk.way = direction ? Way::kDirection : Way::kSmooth;
   walk.wanted = target > 0.0 ? 1 : -1;
-  walk.sources = PairOf(stores, state, body, kNoOther, searched);
+  MakePair(stores, state, body, kNoOther, searched, walk.sources);
   const bool begun =
       BeginRoots(walk.roots, CrossingProblem(walk.sources, *bounds, smooth_target), from, to);
   return begun ? 0 : ZENITHOR_ERROR_SPAN;

@@ -17,10 +17,11 @@ struct FieldBounds {
   double bend;          // [unit/day^2] greatest second derivative met, and half as much again
   double bend_rate;     // [unit/day^3] greatest third derivative, likewise
   double noise;         // [unit] twice the greatest rounding error met
-  // How far the field's value and rate by the guide (guide_store.h) are off [unit, unit/day], with
-  // the same margin as the bends; 0 when there is no guide.
+  // How far the field's track (field_track.h) is off in value, rate and second derivative [unit,
+  // unit/day, unit/day^2], with the same margin as the bends; 0 when there is none.
   double guide_error;
   double guide_rate_error;
+  double guide_bend_error;
 };
 
 // Null when the body has no such field or the field has no smooth form.

@@ -5,6 +5,7 @@
 
 #include "values/fields.h"
 #include "values/smooth_values.h"
+#include "zenithor/values.h"
 
 namespace zenithor {
 
@@ -23,33 +24,52 @@ void Evaluate(void* context, const double* times, std::int32_t count, double* va
     double a;
     double b;
     SmoothValues(*source.store, *source.state, source.body, source.field, &times[i], 1, &a);
-    SmoothValues(*source.other_store, *source.state, source.other, source.field, &times[i], 1, &b);
+    SmoothValues(*source.store, *source.state, source.other, source.field, &times[i], 1, &b);
     values[i] = a - b;
   }
 }
 
+void EvaluateGuide(void* context, const double* times, std::int32_t count, double* values) {
+  GuideSource& source = *static_cast<GuideSource*>(context);
+  for (std::int32_t i = 0; i < count; ++i) {
+    values[i] = TrackValue(source.track, times[i]);
+    if (source.has_other) {
+      values[i] -= TrackValue(source.other_track, times[i]);
+    }
+  }
+}
+
+bool HasGuide(std::int32_t body, std::int32_t field) {
+  const FieldBounds* const bounds = BoundsOf(body, field);
+  return bounds != nullptr && bounds->guide_error > 0.0;
+}
+
+// The Moon and Pluto have no cheap series.
+FieldTrack GuideTrack(const SearchStores& stores, PositionState& state, std::int32_t body,
+                      std::int32_t field) {
+  const bool series = body <= ZENITHOR_BODY_NEPTUNE;
+  return TrackOf(series ? *stores.guide : *stores.full, state, body, field);
+}
+
 }  // namespace
 
-SourcePair PairOf(const SearchStores& stores, PositionState& state, std::int32_t body,
-                  std::int32_t other, std::int32_t field) {
-  const auto has_guide = [&](std::int32_t number) {
-    const FieldBounds* const bounds = BoundsOf(number, field);
-    return stores.guide != nullptr && bounds != nullptr && bounds->guide_error > 0.0;
-  };
-  const FieldSource full{stores.full, stores.full, &state, body, other, field};
-  SourcePair pair{full, full, false};
-  if (has_guide(body)) {
-    pair.guide.store = stores.guide;
-    pair.guided = true;
+void MakePair(const SearchStores& stores, PositionState& state, std::int32_t body,
+              std::int32_t other, std::int32_t field, SourcePair& pair) {
+  pair.full = {stores.full, &state, body, other, field};
+  pair.guide.has_other = other != kNoOther;
+  pair.guided = stores.guide != nullptr && HasGuide(body, field) &&
+                (!pair.guide.has_other || HasGuide(other, field));
+  if (pair.guided) {
+    pair.guide.track = GuideTrack(stores, state, body, field);
+    if (pair.guide.has_other) {
+      pair.guide.other_track = GuideTrack(stores, state, other, field);
+    }
   }
-  if (has_guide(other)) {
-    pair.guide.other_store = stores.guide;
-    pair.guided = true;
-  }
-  return pair;
 }
 
 TimeFunction FunctionOfSource(FieldSource& source) { return {Evaluate, &source}; }
+
+TimeFunction FunctionOfGuide(GuideSource& source) { return {EvaluateGuide, &source}; }
 
 FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b) {
   return {a.body,
@@ -60,15 +80,18 @@ FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b) {
           a.bend_rate + b.bend_rate,
           a.noise + b.noise,
           a.guide_error + b.guide_error,
-          a.guide_rate_error + b.guide_rate_error};
+          a.guide_rate_error + b.guide_rate_error,
+          a.guide_bend_error + b.guide_bend_error};
 }
 
 RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, double target) {
   RootProblem problem{};
   problem.function = FunctionOfSource(sources.full);
   if (sources.guided) {
-    problem.guide = FunctionOfSource(sources.guide);
+    problem.guide = FunctionOfGuide(sources.guide);
     problem.guide_error = bounds.guide_error;
+    problem.guide_rate_error = bounds.guide_rate_error;
+    problem.guide_bend_error = bounds.guide_bend_error;
   }
   problem.target = target;
   problem.period = PeriodOfField(sources.full.field);

@@ -6,6 +6,7 @@
 #include "positions/position.h"
 #include "search/roots.h"
 #include "values/field_bounds.h"
+#include "values/field_track.h"
 #include "values/span.h"
 
 namespace zenithor {
@@ -22,28 +23,36 @@ struct SearchStores {
 // What a search asks for the values: a field of a body, or of one body less that of another.
 struct FieldSource {
   const EphemerisStore* store;
-  const EphemerisStore* other_store;
   PositionState* state;
   std::int32_t body;
   std::int32_t other;  // -1 when there is none
   std::int32_t field;
 };
 
-// The source that asks the full series, and the one that asks the guide where it has the body.
-struct SourcePair {
-  FieldSource full;
-  FieldSource guide;
-  bool guided;  // whether the two differ
+// The same by tracks.
+struct GuideSource {
+  FieldTrack track;
+  FieldTrack other_track;
+  bool has_other;
 };
 
-SourcePair PairOf(const SearchStores& stores, PositionState& state, std::int32_t body,
-                  std::int32_t other, std::int32_t field);
+// The source that asks the full series, and the guide where there is one.
+struct SourcePair {
+  FieldSource full;
+  GuideSource guide;
+  bool guided;
+};
+
+// Sets the pair for a field that the bodies have.
+void MakePair(const SearchStores& stores, PositionState& state, std::int32_t body,
+              std::int32_t other, std::int32_t field, SourcePair& pair);
 
 constexpr std::int32_t kNoOther = -1;
 constexpr double kMomentTolerance = 1e-7;  // [day]
 
 // The source as a function of time; the source must outlive it.
 TimeFunction FunctionOfSource(FieldSource& source);
+TimeFunction FunctionOfGuide(GuideSource& source);
 
 // Of a difference of two bodies: its rates, and the sums of their other bounds.
 FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);

@@ -11,7 +11,7 @@ namespace zenithor {
 // seconds at a tenth of the cost. Searches use them to find out where the full series have to be
 // asked. How far they are off: field_bounds.inc.
 
-constexpr std::int32_t kMostGuideTerms = 192;  // of one body
+constexpr std::int32_t kMostGuideTerms = 320;  // of one body
 
 // Where the terms of a guide lie.
 struct GuideRooms {
@@ -21,7 +21,7 @@ struct GuideRooms {
 };
 
 // Takes of each loaded body the terms A cos(B + C t) t^p whose A 4^p, the amplitude at the far end
-// of the searchable days, reaches a threshold: 1e-5 (rad or au), doubled until they fit. The guide
+// of the searchable days, reaches a threshold: 1e-6 (rad or au), doubled until they fit. The guide
 // refers to the rooms, not to the full store.
 void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& rooms);
 

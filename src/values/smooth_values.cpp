@@ -111,16 +111,7 @@ double ValueAtMoment(const EphemerisStore& store, PositionState& state, int body
                      double julian_day) {
   SmoothPlace place{};
   ComputeSmoothPlace(store, state, body, julian_day, PartOf(body, field), place);
-  switch (field) {
-    case ZENITHOR_FIELD_APPARENT_LONGITUDE:
-      return place.longitude;
-    case ZENITHOR_FIELD_APPARENT_LATITUDE:
-      return place.latitude;
-    case ZENITHOR_FIELD_ELONGATION:
-      return place.half_angle_sine;
-    default:
-      return field >= 1 && field <= ZENITHOR_FIELD_CENTURIES ? place.values[field] : kNaN;
-  }
+  return FieldOfPlace(place, field);
 }
 
 // The rate by the definition of fields 103 and 104.
@@ -135,6 +126,19 @@ double MotionAtMoment(const EphemerisStore& store, PositionState& state, int bod
 }
 
 }  // namespace
+
+double FieldOfPlace(const SmoothPlace& place, int field) {
+  switch (field) {
+    case ZENITHOR_FIELD_APPARENT_LONGITUDE:
+      return place.longitude;
+    case ZENITHOR_FIELD_APPARENT_LATITUDE:
+      return place.latitude;
+    case ZENITHOR_FIELD_ELONGATION:
+      return place.half_angle_sine;
+    default:
+      return field >= 1 && field <= ZENITHOR_FIELD_CENTURIES ? place.values[field] : kNaN;
+  }
+}
 
 void ComputeSmoothPlace(const EphemerisStore& store, PositionState& state, int body,
                         double julian_day, SmoothPart part, SmoothPlace& place) {

@@ -34,4 +34,8 @@ enum class SmoothPart { kHeliocentric, kGeometric, kApparent, kElongation, kWhol
 void ComputeSmoothPlace(const EphemerisStore& store, PositionState& state, int body,
                         double julian_day, SmoothPart part, SmoothPlace& place);
 
+// The field as SmoothValues has it, where the place has that part; NaN for fields that are not of
+// one moment (103, 104).
+double FieldOfPlace(const SmoothPlace& place, int field);
+
 }  // namespace zenithor

@@ -5,6 +5,7 @@
 
 #include "search/turning_points.h"
 #include "values/field_source.h"
+#include "values/field_track.h"
 #include "values/fields.h"
 #include "zenithor/values.h"
 
@@ -12,47 +13,45 @@ namespace zenithor {
 
 namespace {
 
-// [day] of the difference quotient, by body. For the fast ones it is that in which the full series
-// are compared with the guide: what the guide lacks is so small that two values tell its rate. The
-// others have six values of the full series. The derivatives beyond make a moment wrong by less
-// than 1e-7 day; rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their
-// longitude bends by 0.0005 degree/day^2 only.
+// [day] of the difference quotient, by body. For the fast ones two values of the full series are
+// compared with the track: what it lacks is so small that two values tell its rate. The others have
+// six values of the full series. The derivatives beyond make a moment wrong by less than 1e-7 day;
+// rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their longitude
+// bends by 0.0005 degree/day^2 only.
 constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {0.0625, 0.0625, 0.0625, 0.0625, 0.0625, 0.5,
                                                    0.5,    0.5,    0.5,    0.5,    0.0625};
-constexpr double kResidualSpacing = 0.0625;
+constexpr double kComparedSpacing = 0.0625;
 
-// The rate of the guide by the two values nearest to a moment.
-struct GuideRate {
-  FieldSource* guide;
-  double period;
-};
-
-void EvaluateGuideRate(void* context, const double* times, std::int32_t count, double* values) {
-  const GuideRate& rate = *static_cast<GuideRate*>(context);
-  const TimeFunction guide = FunctionOfSource(*rate.guide);
+void EvaluateTrackRate(void* context, const double* times, std::int32_t count, double* values) {
   for (std::int32_t i = 0; i < count; ++i) {
-    const double around[] = {times[i] - kResidualSpacing, times[i] + kResidualSpacing};
-    double f[2];
-    guide.evaluate(guide.context, around, 2, f);
-    values[i] = Departure(f[1], f[0], rate.period) / (2.0 * kResidualSpacing);
-  }
-}
-
-void EvaluateRate(void* context, const double* times, std::int32_t count, double* values) {
-  const DifferenceQuotient& quotient = *static_cast<DifferenceQuotient*>(context);
-  for (std::int32_t i = 0; i < count; ++i) {
-    values[i] = DerivativeAt(quotient, times[i]);
+    values[i] = TrackRate(*static_cast<FieldTrack*>(context), times[i]);
   }
 }
 
 // Holds addresses of its own members.
 struct StationWalk {
   bool turns;
+  bool compared;
   SourcePair sources;
   DifferenceQuotient rate;
-  GuideRate guide_rate;
   RootWalk roots;
 };
+
+// The rate of two values of the full series, freed by the track of what it lacks to a derivative.
+double ComparedRate(StationWalk& walk, double day) {
+  const double times[] = {day - kComparedSpacing, day + kComparedSpacing};
+  double f[2];
+  ValuesAt(walk.rate.function, times, 2, f);
+  return Departure(f[1], f[0], walk.rate.period) / (2.0 * kComparedSpacing) +
+         TrackQuotientError(walk.sources.guide.track, day, kComparedSpacing);
+}
+
+void EvaluateRate(void* context, const double* times, std::int32_t count, double* values) {
+  StationWalk& walk = *static_cast<StationWalk*>(context);
+  for (std::int32_t i = 0; i < count; ++i) {
+    values[i] = walk.compared ? ComparedRate(walk, times[i]) : DerivativeAt(walk.rate, times[i]);
+  }
+}
 
 std::int32_t BeginStations(StationWalk& walk, const SearchStores& stores, PositionState& state,
                            std::int32_t body, std::int32_t field, double from, double to) {
@@ -70,26 +69,21 @@ std::int32_t BeginStations(StationWalk& walk, const SearchStores& stores, Positi
   if (!walk.turns) {
     return 0;
   }
-  walk.sources = PairOf(stores, state, body, kNoOther, field);
+  MakePair(stores, state, body, kNoOther, field, walk.sources);
   const double spacing = kSpacings[body];
-  const bool compared = walk.sources.guided && spacing == kResidualSpacing;
-  const TimeFunction none{nullptr, nullptr};
-  const double period = PeriodOfField(field);
-  walk.rate = {FunctionOfSource(walk.sources.full),
-               compared ? FunctionOfSource(walk.sources.guide) : none, period, spacing};
+  walk.compared = walk.sources.guided && spacing == kComparedSpacing;
+  walk.rate = {FunctionOfSource(walk.sources.full), {nullptr, nullptr}, PeriodOfField(field), spacing};
   RootProblem problem{};
-  problem.function = {EvaluateRate, &walk.rate};
+  problem.function = {EvaluateRate, &walk};
   problem.bend = bounds->bend_rate;
   // The weights of six values add up to 11/3, those of two to 1.
   problem.noise = 4.0 * bounds->noise / spacing;
   problem.step = 0.5 * bounds->bend / bounds->bend_rate;
   problem.tolerance = kMomentTolerance;
   if (walk.sources.guided) {
-    walk.guide_rate = {&walk.sources.guide, period};
-    problem.guide = {EvaluateGuideRate, &walk.guide_rate};
-    // Two values give the third derivative's share wrong.
-    problem.guide_error =
-        bounds->guide_rate_error + kResidualSpacing * kResidualSpacing / 6.0 * bounds->bend_rate;
+    problem.guide = {EvaluateTrackRate, &walk.sources.guide.track};
+    problem.guide_error = bounds->guide_rate_error;
+    problem.guide_rate_error = bounds->guide_bend_error;
   }
   return BeginRoots(walk.roots, problem, from, to) ? 0 : ZENITHOR_ERROR_SPAN;
 }

@@ -1,9 +1,9 @@
 // How fast the fields change and bend, from -2000 to 4000: the table src/values/field_bounds.inc.
-//   field_bounds_scan [WINDOWS [SEED]] > src/values/field_bounds.inc
+//   field_bounds_scan [WINDOWS [SEED [BODY]]] > src/values/field_bounds.inc
 // For every body and field the greatest first, second and third derivative met in WINDOWS windows
 // of 17 moments, random and evenly spread over the span by a draw in each of as many equal parts,
 // times a margin of 1.5 (kMargin); and the rounding noise, twice the greatest scatter met.
-// How far the guide (guide_store.h) is off, in value and rate, has the first margin too.
+// How far the track (field_track.h) is off, in value, rate and bend, has the first margin too.
 // Left out are windows in which Pluto is within 3 degrees of the Sun: the bending of its light
 // grows there without limit, as 0.008" / elongation, also where the Sun's disc would hide it.
 // Derivatives are taken from seven values `spacing` apart, which suits the body.
@@ -16,6 +16,7 @@
 
 #include "positions/position.h"
 #include "support/full_store.h"
+#include "values/field_track.h"
 #include "values/guide_store.h"
 #include "values/smooth_values.h"
 #include "zenithor/values.h"
@@ -60,20 +61,8 @@ struct Extremes {
   double noise = 0.0;
   double guide_error = 0.0;
   double guide_rate_error = 0.0;
+  double guide_bend_error = 0.0;
 };
-
-double FieldOf(const SmoothPlace& place, int field) {
-  switch (field) {
-    case 101:
-      return place.longitude;
-    case 102:
-      return place.latitude;
-    case 105:
-      return place.half_angle_sine;
-    default:
-      return place.values[field];
-  }
-}
 
 double Unwrapped(double x, double near, double period) {
   return period > 0.0 ? near + std::remainder(x - near, period) : x;
@@ -93,13 +82,14 @@ void Measure(const double* f, double h, Extremes& out) {
   out.bend_rate = std::max(out.bend_rate, std::fabs(third));
 }
 
-// What the guide has more than the field, from d[-3] to d[3].
+// What the track has more than the field, from d[-3] to d[3].
 void MeasureGuide(const double* d, double h, bool motion, Extremes& out) {
   Extremes rest;
   Measure(d, h, rest);
   const double rate = std::max(std::fabs(rest.lowest_rate), std::fabs(rest.highest_rate));
   out.guide_error = std::max(out.guide_error, motion ? rate : std::fabs(d[0]));
   out.guide_rate_error = std::max(out.guide_rate_error, motion ? rest.bend : rate);
+  out.guide_bend_error = std::max(out.guide_bend_error, motion ? rest.bend_rate : rest.bend);
 }
 
 // Motions are the derivatives of another field: their own, from one derivative higher.
@@ -121,8 +111,47 @@ void MeasureNoise(const double* f, Extremes& out) {
   out.noise = std::max(out.noise, std::fabs(rest) / 8.0);
 }
 
-bool HasGuide(int body, int field) {
-  return body <= ZENITHOR_BODY_NEPTUNE && field != 16 && field != 17;
+bool HasGuide(int field) { return field != 16 && field != 17; }
+
+// The nodes of the tracks that a window needs, all fields at once.
+struct NodePlaces {
+  static constexpr int kMost = 32;
+  double spacing;
+  double first;  // its number
+  int count;
+  SmoothPlace places[kMost];
+};
+
+void ComputeNodes(const EphemerisStore& store, PositionState& state, int body, double from,
+                  double to, NodePlaces& nodes) {
+  nodes.spacing = NodeSpacing(body);
+  nodes.first = std::floor(from / nodes.spacing) - kNodesBefore;
+  nodes.count = static_cast<int>(std::floor(to / nodes.spacing) - nodes.first) + kNodesBefore + 2;
+  if (nodes.count > NodePlaces::kMost) {
+    std::abort();
+  }
+  for (int i = 0; i < nodes.count; ++i) {
+    nodes.places[i] = {};
+    ComputeSmoothPlace(store, state, body, (nodes.first + i) * nodes.spacing, SmoothPart::kWhole,
+                       nodes.places[i]);
+  }
+}
+
+// What a track makes of the nodes; `computed` where it would not interpolate.
+double Tracked(const NodePlaces& nodes, int body, int field, double day, double computed) {
+  const double steps = day / nodes.spacing;
+  const double interval = std::floor(steps);
+  const SmoothPlace* const first =
+      nodes.places + static_cast<int>(interval - nodes.first) - kNodesBefore;
+  double values[kInterpolantNodes];
+  for (int i = 0; i < kInterpolantNodes; ++i) {
+    if (!IsSmoothNode(body, first[i])) {
+      return computed;
+    }
+    values[i] = FieldOfPlace(first[i], field);
+  }
+  return InterpolantValue(InterpolantThrough(values, PeriodOf(field)),
+                          kNodesBefore + (steps - interval));
 }
 
 void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide) {
@@ -140,20 +169,20 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
     const int count = noise ? 5 : kMoments;
     const double step = noise ? std::ldexp(1.0, -20) : h;
     SmoothPlace places[kMoments];
-    SmoothPlace guided[kMoments];
     bool too_near = false;
     for (int i = 0; i < count; ++i) {
       places[i] = {};
       ComputeSmoothPlace(testing::FullStore(), state, body, start + i * step, SmoothPart::kWhole,
                          places[i]);
-      guided[i] = {};
-      if (!noise && body <= ZENITHOR_BODY_NEPTUNE) {
-        ComputeSmoothPlace(guide, state, body, start + i * step, SmoothPart::kWhole, guided[i]);
-      }
       too_near |= body == ZENITHOR_BODY_PLUTO && places[i].half_angle_sine < kPlutoTooNear;
     }
     if (too_near) {
       continue;
+    }
+    static NodePlaces nodes;
+    if (!noise) {
+      ComputeNodes(body <= ZENITHOR_BODY_NEPTUNE ? guide : testing::FullStore(), state, body, start,
+                   start + count * step, nodes);
     }
     for (std::size_t k = 0; k < std::size(kFields); ++k) {
       const int field = kFields[k];
@@ -162,9 +191,13 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
       double f[kMoments];
       double d[kMoments];
       for (int i = 0; i < count; ++i) {
-        const double x = FieldOf(places[i], source);
+        const double x = FieldOfPlace(places[i], source);
         f[i] = i == 0 ? x : Unwrapped(x, f[i - 1], PeriodOf(source));
-        d[i] = Unwrapped(FieldOf(guided[i], source), x, PeriodOf(source)) - x;
+        d[i] = noise || !HasGuide(field)
+                   ? 0.0
+                   : Unwrapped(Tracked(nodes, body, source, start + i * step, x), x,
+                               PeriodOf(source)) -
+                         x;
       }
       if (noise) {
         MeasureNoise(f, extremes[k]);
@@ -172,7 +205,7 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
       }
       for (int i = 3; i + 3 < count; ++i) {
         motion ? MeasureMotion(f + i, h, extremes[k]) : Measure(f + i, h, extremes[k]);
-        if (HasGuide(body, field)) {
+        if (HasGuide(field)) {
           MeasureGuide(d + i, h, motion, extremes[k]);
         }
       }
@@ -187,9 +220,10 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
     const bool motion = field == 103 || field == 104;
     // The definition of a motion adds up 18 values with 16 / 12.
     const double noise = kNoiseMargin * e.noise * (motion ? 24.0 : 1.0);
-    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body, field,
-                e.lowest_rate, e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise,
-                kMargin * e.guide_error, kMargin * e.guide_rate_error);
+    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body,
+                field, e.lowest_rate, e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise,
+                kMargin * e.guide_error, kMargin * e.guide_rate_error,
+                kMargin * e.guide_bend_error);
   }
   std::fflush(stdout);
 }
@@ -203,12 +237,15 @@ int main(int argc, char** argv) {
   std::printf(
       "// By tests/scan/field_bounds_scan. Body, field, lowest and highest rate met [unit/day];\n"
       "// second and third derivative [unit/day^2, unit/day^3] and noise [unit], with margins;\n"
-      "// how far the guide is off [unit, unit/day].\n");
+      "// how far the track is off [unit, unit/day, unit/day^2].\n");
   static zenithor::EphemerisStore guide;
   static zenithor::GuideRooms rooms;
   zenithor::MakeGuide(zenithor::testing::FullStore(), guide, rooms);
+  const int only = argc > 3 ? std::atoi(argv[3]) : -1;
   for (int body = 0; body < ZENITHOR_BODY_COUNT; ++body) {
-    zenithor::ScanBody(body, windows, seed, guide);
+    if (only < 0 || only == body) {
+      zenithor::ScanBody(body, windows, seed, guide);
+    }
   }
   return 0;
 }
