@@ -24,7 +24,9 @@ SearchStores StoresOf(const benchmark::State& state) {
   static EphemerisStore guide;
   static GuideRooms rooms;
   static SumRoom room;
+  static NodeMemory nodes;
   position_state.moment.room = &room;
+  position_state.nodes = &nodes;
   if (!IsLoaded(guide, kEarthSlot)) {
     MakeGuide(testing::FullStore(), guide, rooms);
   }

@@ -73,8 +73,6 @@ double InterpolantValue(const Interpolant& interpolant, double s) {
   return At(interpolant, s).value;
 }
 
-double InterpolantRate(const Interpolant& interpolant, double s) {
-  return At(interpolant, s).rate;
-}
+double InterpolantRate(const Interpolant& interpolant, double s) { return At(interpolant, s).rate; }
 
 }  // namespace zenithor

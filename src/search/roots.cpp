@@ -115,20 +115,24 @@ double CorrectedRoot(const RootProblem& problem, const SearchNode& a, const Sear
                      const GuideRest& rest, double y, double& slope) {
   constexpr int kMostSteps = 8;
   double t = rest.t;
+  double last_size = kInfinity;
   for (int step = 0; step < kMostSteps; ++step) {
     const double move = -y / slope;
+    const double size = std::fabs(move);
     t += move;
     if (!(t >= a.t && t <= b.t)) {
       return kNaN;
     }
-    if (std::fabs(move) <= 0.125 * problem.tolerance) {
-      return t;
+    // What does not shrink any more is the rounding of t and of the guide.
+    if (size <= 0.25 * problem.tolerance || !(size < last_size)) {
+      return size <= problem.tolerance ? t : kNaN;
     }
     const double next_y = CorrectedGuide(problem, rest, t);
     if (std::fabs(next_y - y) > 1e3 * problem.noise) {
       slope = (next_y - y) / move;
     }
     y = next_y;
+    last_size = size;
   }
   return kNaN;
 }
@@ -171,9 +175,6 @@ double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
     const double lack = y - GuideDeparture(problem, t);
     const double distance = values == 1 ? kInfinity : std::fabs(t - rest.t);
     rest = {t, lack, values == 1 ? 0.0 : (lack - rest.value) / (t - rest.t)};
-    if (std::fabs(y) <= problem.noise) {
-      return t;
-    }
     const double next = CorrectedRoot(problem, a, b, rest, y, slope);
     if (std::isnan(next)) {
       return kNaN;
@@ -181,9 +182,11 @@ double GuidedRoot(RootWalk& walk, const SearchNode& a, const SearchNode& b) {
     const double move = std::fabs(next - t);
     const double error = RestError(problem, move, distance);
     const double least_slope = std::fabs(slope) - problem.guide_rate_error - problem.bend * move;
-    const bool certain = least_slope > 0.0 &&
-                         error <= std::fmax(problem.noise, 0.5 * problem.tolerance * least_slope);
-    if (certain || (values > 1 && move <= 0.5 * problem.tolerance)) {
+    const bool certain =
+        least_slope > 0.0 &&
+        error <= std::fmax(0.125 * problem.noise, 0.5 * problem.tolerance * least_slope);
+    if (certain || std::fabs(y) <= 2.0 * problem.noise ||
+        (values > 1 && move <= 0.5 * problem.tolerance)) {
       return next;
     }
     t = next;
@@ -315,10 +318,12 @@ bool IsFlat(RootWalk& walk, SearchNode& a, SearchNode& b) {
   return true;
 }
 
-// The next multiple of the step, evaluated some at once as long as the span needs them.
+// The next multiple of the step, evaluated some at once as long as the span needs them; a guide,
+// which is cheap, as it is needed.
 SearchNode NextMultiple(RootWalk& walk) {
   if (walk.ahead_used == walk.ahead_count) {
     const RootProblem& problem = walk.problem;
+    const std::int32_t at_once = HasGuide(problem) ? 1 : kValuesAtOnce;
     double times[kValuesAtOnce];
     double values[kValuesAtOnce];
     std::int32_t count = 0;
@@ -326,7 +331,7 @@ SearchNode NextMultiple(RootWalk& walk) {
       times[count] = static_cast<double>(walk.next_multiple) * problem.step;
       ++count;
       ++walk.next_multiple;
-    } while (count < kValuesAtOnce && walk.next_multiple <= walk.last_multiple);
+    } while (count < at_once && walk.next_multiple <= walk.last_multiple);
     ValuesAt(HasGuide(problem) ? problem.guide : problem.function, times, count, values);
     for (std::int32_t i = 0; i < count; ++i) {
       walk.ahead[static_cast<std::size_t>(i)] =
@@ -352,7 +357,7 @@ Verdict JudgeCell(RootWalk& walk, SearchNode& a, SearchNode& b, bool may_halve) 
   Verdict verdict = Judge(a.guide, b.guide + lift, bulge, problem.noise + guide_error);
   if (verdict == Verdict::kUndecided && HasGuide(problem)) {
     // Narrower cells may let the guide decide, until its error is what hinders it.
-    if (may_halve && bulge > 16.0 * guide_error) {
+    if (may_halve && bulge > 2.0 * guide_error) {
       return Verdict::kHalve;
     }
     lift = Unwrapping(problem, ValueOf(walk, a), ValueOf(walk, b));
@@ -445,6 +450,21 @@ bool BeginRoots(RootWalk& walk, const RootProblem& problem, double from, double 
   walk.last_multiple = static_cast<std::int64_t>(std::ceil(to / step));
   walk.left = NextMultiple(walk);
   return true;
+}
+
+void SkipRootsBefore(RootWalk& walk, double t) {
+  const double multiple = std::floor(t / walk.problem.step);
+  if (!(walk.from < walk.to) || walk.group.open || walk.found.open ||
+      !(multiple > static_cast<double>(walk.next_multiple))) {
+    return;
+  }
+  walk.pending_count = 0;
+  walk.ahead_count = 0;
+  walk.ahead_used = 0;
+  walk.next_multiple = multiple < static_cast<double>(walk.last_multiple)
+                           ? static_cast<std::int64_t>(multiple)
+                           : walk.last_multiple;
+  walk.left = NextMultiple(walk);
 }
 
 bool NextRoot(RootWalk& walk, Root& root) {

@@ -117,6 +117,10 @@ bool BeginRoots(RootWalk& walk, const RootProblem& problem, double from, double 
 // The next root in the order of time; false when there are no more.
 bool NextRoot(RootWalk& walk, Root& root);
 
+// For a caller who knows that there is no root between the one that was found last and t: the cells
+// before t are not looked at. Finds what would have been found otherwise.
+void SkipRootsBefore(RootWalk& walk, double t);
+
 // The roots of from <= t < to in the order of time. Writes the first `capacity` of them, fewer when
 // there are not as many, and returns how many there are in the span; -1 where BeginRoots says
 // false. `roots` may be null when capacity is 0.

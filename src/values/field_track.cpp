@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "search/time_function.h"
 #include "values/fields.h"
 #include "zenithor/values.h"
 
@@ -14,7 +15,7 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // Every body's fields lose less than the guide's own error by interpolation.
-constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {2.0, 2.0, 2.0, 2.0, 2.0, 4.0,
+constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {2.0, 1.0, 2.0, 2.0, 2.0, 4.0,
                                                    4.0, 4.0, 4.0, 4.0, 0.5};
 constexpr double kSunTooNear = 0.0019;  // square of the sine of 2.5 degrees
 constexpr double kRateReach = 0.0625;   // [day]
@@ -32,8 +33,7 @@ KeptNode ComputedNode(const FieldTrack& track, std::int32_t index) {
   }
   SmoothPlace place{};
   ComputeSmoothPlace(*track.store, *track.state, track.body, day, SmoothPart::kElongation, place);
-  return {track.function, FieldOfPlace(place, track.field), index,
-          IsSmoothNode(track.body, place)};
+  return {track.function, FieldOfPlace(place, track.field), index, IsSmoothNode(track.body, place)};
 }
 
 // Where a node is kept: neighbours side by side, every function's at a place of its own.
@@ -143,13 +143,21 @@ double TrackValue(FieldTrack& track, double day) {
 
 double TrackRate(FieldTrack& track, double day) {
   if (IsCountable(track, day)) {
+    const double steps = day / track.spacing;
+    if (steps == std::floor(steps)) {
+      const auto index = static_cast<std::int32_t>(steps);
+      const double before = NodeOf(track, index - 1).value;
+      return Departure(NodeOf(track, index + 1).value, before, track.period) /
+             (2.0 * track.spacing);
+    }
     const double s = PositionIn(track, day);
     if (track.smooth) {
       return InterpolantRate(track.interpolant, s) / track.spacing;
     }
   }
-  const double change = ComputedValue(track, day + kRateReach) - ComputedValue(track, day - kRateReach);
-  return (track.period > 0.0 ? std::remainder(change, track.period) : change) / (2.0 * kRateReach);
+  const double before = ComputedValue(track, day - kRateReach);
+  return Departure(ComputedValue(track, day + kRateReach), before, track.period) /
+         (2.0 * kRateReach);
 }
 
 double TrackQuotientError(FieldTrack& track, double day, double reach) {

@@ -45,16 +45,17 @@ struct FieldTrack {
 FieldTrack TrackOf(const EphemerisStore& store, PositionState& state, std::int32_t body,
                    std::int32_t field);
 
-// In the unit of SmoothValues; of motions (103, 104) TrackRate of their field. Longitudes run on within an interval and may be a turn apart between
-// two of them.
+// In the unit of SmoothValues; of motions (103, 104) TrackRate of their field. Longitudes run on
+// within an interval and may be a turn apart between two of them.
 double TrackValue(FieldTrack& track, double day);
 
-// [unit/day] The derivative of the polynomial that holds at `day`; where there is none, the quotient
-// of two places an eighth of a day apart.
+// [unit/day] The derivative of the interpolant. At a multiple of the step it is the quotient of the
+// two nodes beside it, which costs less and is off by up to step^2 / 6 of the third derivative, and
+// where there is no interpolant that of two places an eighth of a day apart.
 double TrackRate(FieldTrack& track, double day);
 
 // What the quotient of two values `reach` [day] before and after `day` lacks to the derivative
-// [unit/day]: by the polynomial that holds at `day`. 0 where there is none.
+// [unit/day]: by the interpolant that holds at `day`. 0 where there is none.
 double TrackQuotientError(FieldTrack& track, double day, double reach);
 
 }  // namespace zenithor

@@ -8,7 +8,7 @@ namespace zenithor {
 
 namespace {
 
-constexpr double kLeastAmplitude = 1e-6;  // [rad] or [au]
+constexpr double kLeastAmplitude = 3e-7;  // [rad] or [au]
 constexpr double kFarthest = 4.0;         // [millennia] from J2000.0
 constexpr std::uint64_t kGuideMark = 0x6775696465ULL;
 

@@ -21,7 +21,7 @@ struct GuideRooms {
 };
 
 // Takes of each loaded body the terms A cos(B + C t) t^p whose A 4^p, the amplitude at the far end
-// of the searchable days, reaches a threshold: 1e-6 (rad or au), doubled until they fit. The guide
+// of the searchable days, reaches a threshold: 3e-7 (rad or au), doubled until they fit. The guide
 // refers to the rooms, not to the full store.
 void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& rooms);
 

@@ -218,12 +218,15 @@ void ScanBody(int body, int windows, unsigned seed, const EphemerisStore& guide)
     }
     const Extremes& e = extremes[k];
     const bool motion = field == 103 || field == 104;
+    // At its nodes a track's rate is a quotient.
+    const double spacing = NodeSpacing(body);
+    const double guide_error =
+        e.guide_error + (motion && HasGuide(field) ? spacing * spacing / 6.0 * e.bend : 0.0);
     // The definition of a motion adds up 18 values with 16 / 12.
     const double noise = kNoiseMargin * e.noise * (motion ? 24.0 : 1.0);
-    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body,
-                field, e.lowest_rate, e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise,
-                kMargin * e.guide_error, kMargin * e.guide_rate_error,
-                kMargin * e.guide_bend_error);
+    std::printf("    {%d, %d, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e, %.2e},\n", body, field,
+                e.lowest_rate, e.highest_rate, kMargin * e.bend, kMargin * e.bend_rate, noise,
+                kMargin * guide_error, kMargin * e.guide_rate_error, kMargin * e.guide_bend_error);
   }
   std::fflush(stdout);
 }

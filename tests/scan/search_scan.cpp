@@ -26,6 +26,7 @@ constexpr double kTo = 2488069.5;    // 2100 January 1
 constexpr double kStep = 0.125;
 
 SumRoom room;
+NodeMemory nodes;
 PositionState state;
 
 double Value(int body, int field, double day) {
@@ -109,6 +110,7 @@ int main() {
   zenithor::MakeGuide(zenithor::testing::FullStore(), guide, rooms);
   const zenithor::SearchStores stores{&zenithor::testing::FullStore(), &guide};
   zenithor::state.moment.room = &zenithor::room;
+  zenithor::state.nodes = &zenithor::nodes;
   bool good = true;
   for (const int body : {ZENITHOR_BODY_MERCURY, ZENITHOR_BODY_VENUS, ZENITHOR_BODY_MARS}) {
     good = zenithor::ScanBody(stores, body) && good;

@@ -47,8 +47,10 @@ const SearchStores& Stores() {
 
 PositionState& State() {
   static SumRoom room;
+  static NodeMemory nodes;
   static PositionState state;
   state.moment.room = &room;
+  state.nodes = &nodes;
   return state;
 }
 
