@@ -1,13 +1,17 @@
 // Stations and ingresses of Mercury, Venus and Mars from 1900 to 2100 against a walk over the
 // library's own places in steps of an eighth of a day.
-//   search_scan
+//   search_scan [runs]
 // A moment of the walk is the change of sign between two neighbours, bisected to 1e-8 day: of field
 // 103 for stations, of field 101 less the beginning of a sign for ingresses. Ends with status 1
 // when there is one more or less, or two are more than 1e-6 day apart.
+// With `runs` it prints instead the shortest time for which the apparent longitude of each planet
+// ran direct and retrograde, from -2000 to 4000, by the changes of field 106: what a search for
+// stations rests on (kShortestRuns in values/stations.cpp).
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <vector>
 
 #include "positions/position.h"
@@ -101,16 +105,48 @@ bool ScanBody(const SearchStores& stores, int body) {
   return Compare("ingresses", body, ingresses, entered) && same_stations;
 }
 
+void ScanRuns(const SearchStores& stores, int body) {
+  constexpr std::int32_t kMost = 60000;
+  static double days[2][kMost];  // when it turns retrograde, direct
+  std::int32_t count[2];
+  for (const int way : {0, 1}) {
+    count[way] = FindCrossings(stores, state, body, ZENITHOR_FIELD_DIRECTION, way == 1 ? 1.0 : -1.0,
+                               ZENITHOR_FIRST_DAY, ZENITHOR_LAST_DAY, days[way], nullptr, kMost);
+  }
+  double shortest[2] = {1e9, 1e9};
+  for (const int way : {0, 1}) {
+    std::int32_t end = 0;
+    for (std::int32_t i = 0; i < count[way]; ++i) {
+      while (end < count[1 - way] && days[1 - way][end] <= days[way][i]) {
+        ++end;
+      }
+      if (end < count[1 - way]) {
+        shortest[way] = std::min(shortest[way], days[1 - way][end] - days[way][i]);
+      }
+    }
+  }
+  std::printf("body %d turned %d times, direct for %.2f days at least, retrograde for %.2f\n", body,
+              count[0] + count[1], shortest[1], shortest[0]);
+}
+
 }  // namespace
 }  // namespace zenithor
 
-int main() {
+int main(int argc, char** argv) {
   static zenithor::EphemerisStore guide;
   static zenithor::GuideRooms rooms;
   zenithor::MakeGuide(zenithor::testing::FullStore(), guide, rooms);
   const zenithor::SearchStores stores{&zenithor::testing::FullStore(), &guide};
   zenithor::state.moment.room = &zenithor::room;
   zenithor::state.nodes = &zenithor::nodes;
+  if (argc > 1 && std::strcmp(argv[1], "runs") == 0) {
+    for (int body = ZENITHOR_BODY_MERCURY; body <= ZENITHOR_BODY_NEPTUNE; ++body) {
+      if (body != ZENITHOR_BODY_EARTH) {
+        zenithor::ScanRuns(stores, body);
+      }
+    }
+    return 0;
+  }
   bool good = true;
   for (const int body : {ZENITHOR_BODY_MERCURY, ZENITHOR_BODY_VENUS, ZENITHOR_BODY_MARS}) {
     good = zenithor::ScanBody(stores, body) && good;
