@@ -8,8 +8,8 @@
 namespace zenithor {
 
 // The series of the planets cut down to their largest terms: places that are good to some arc
-// seconds at a tenth of the cost. Searches use them to find out where the full series have to be
-// asked. How far they are off: field_bounds.inc.
+// seconds at a tenth of the cost. Searches interpolate between them (field_track.h) to find out
+// where the full series have to be asked.
 
 constexpr std::int32_t kMostGuideTerms = 320;  // of one body
 

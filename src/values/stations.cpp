@@ -13,11 +13,12 @@ namespace zenithor {
 
 namespace {
 
-// [day] of the difference quotient, by body. For the fast ones two values of the full series are
-// compared with the track: what it lacks is so small that two values tell its rate. The others have
-// six values of the full series. The derivatives beyond make a moment wrong by less than 1e-7 day;
-// rounding likewise, from Uranus on by 1e-6 day: where the outer planets stand their longitude
-// bends by 0.0005 degree/day^2 only.
+// [day] of the difference quotient, by body. For some, two values of the full series are compared
+// with the track: what it lacks is so small that two values tell its rate. The others have six
+// values of the full series, farther apart, because rounding hides where they turn: the outer
+// planets' longitudes bend by 0.0005 degree/day^2 only. The derivatives beyond make a moment wrong
+// by less than 1e-7 day; rounding by less than 1e-6 day, from Uranus on and in declinations that
+// hardly turn by some 1e-6.
 constexpr double kSpacings[ZENITHOR_BODY_COUNT] = {0.0625, 0.125, 0.25, 0.25, 0.5,   0.5,
                                                    0.5,    0.5,   0.5,  0.5,  0.0625};
 constexpr double kWidestCompared = 0.125;
