@@ -20,7 +20,7 @@ struct KeptNode {
 struct NodeMemory {
   static constexpr std::size_t kNodeCount = 4096;  // of ten bodies two years' worth; a power of two
 
-  bool cleared = false;        // before that the nodes are not initialized: most threads never search
+  bool cleared = false;  // before that the nodes are not initialized: most threads never search
   KeptNode nodes[kNodeCount];  // by function and index
 };
 

@@ -55,7 +55,7 @@ Jet At(const Interpolant& interpolant, double s) {
 }  // namespace
 
 Interpolant InterpolantThrough(const double (&values)[kInterpolantNodes], double period) {
-  Interpolant made;
+  Interpolant made{};
   double* const d = made.differences;
   d[0] = values[0];
   for (int i = 1; i < kInterpolantNodes; ++i) {
