@@ -10,10 +10,11 @@ build/mutants, which it builds there; the working tree is only read. The data mu
 (make data). A run that was interrupted goes on where it stopped.
 
 A mutant is tried on the unit tests of its room, those of its file first; then, if nothing has
-failed, on the hosts that hold the library's golden answers and their hash; on the unit tests of the
-rooms that use its room; on the other hosts. The first that fails ends it; so does a limit of
-processor time, five times what the test takes without a mutant, which counts as noticed. What survives is a hole in the tests or changes nothing. The latter,
-once somebody has read it, goes with its reason into equivalent_mutants.txt beside this file.
+failed, on the hosts that hold the answers of the two libraries; on the unit tests of the rooms that
+use its room; on the other hosts. The first that fails ends it; so does a limit of processor time,
+five times what the test takes without a mutant, which counts as noticed. What survives is a hole in
+the tests or changes nothing. The latter, once somebody has read it, goes with its reason into
+equivalent_mutants.txt beside this file.
 
 Not tried: what only Windows compiles, tables (*.inc), static_asserts. Ends with 1 if there is a hole.
 """
@@ -38,15 +39,22 @@ EQUIVALENT = ROOT / "tools" / "check" / "equivalent_mutants.txt"
 NICE = int(os.environ.get("MUTANTS_NICE", "10"))
 THIS_PLATFORM = ("__x86_64__",)
 OTHER_PLATFORM = ("_WIN32", "_WIN64", "__i386__")
-# Tests of the finished library: of its answers; of its load and its manners.
-ANSWER_TESTS = ["-R", r"\.host\.(Golden|AnswersHash)"]
-MANNER_TESTS = ["-R", r"\.host\.(Exports$|RecordLayouts|ThreadsDoNothing|Files|IndexFile|DataFile|BothFiles|NoHome|"
-                r"OneLetter|Empty|Root|LoadFrees)|hostile_(processor_state|misaligned_stack|procedure|null_record|"
-                r"page_end|reload|load_elsewhere|threads|any_argument)$"]
-HOST_PROGRAMS = ("zenithor load_host load_heap_host exports_host golden_host records_host answers_hash "
+HOST_PROGRAMS = ("load_host load_heap_host exports_host golden_host records_host answers_hash "
                  "threads_host hostile_processor_state hostile_misaligned_stack hostile_procedure "
                  "hostile_null_record hostile_page_end hostile_reload hostile_load_elsewhere "
-                 "hostile_threads hostile_any_argument").split()
+                 "hostile_threads hostile_any_argument values_host values_linked_host "
+                 "hostile_values_state hostile_values_any_argument hostile_values_threads").split()
+# The finished libraries, with the tests of their answers; of their load and their manners.
+LIBRARIES = {
+    "zenithor": (
+        r"\.host\.(Golden|AnswersHash)",
+        r"\.host\.(Exports$|RecordLayouts|ThreadsDoNothing|Files|IndexFile|DataFile|BothFiles|NoHome|"
+        r"OneLetter|Empty|Root|LoadFrees)|hostile_(processor_state|misaligned_stack|procedure|null_record|"
+        r"page_end|reload|load_elsewhere|threads|any_argument)$"),
+    "zenithor_values": (
+        r"\.host\.ValuesAreTheRecords$",
+        r"\.host\.ValuesLinkedByName$|hostile_values_(state|any_argument|threads)$"),
+}
 
 
 # What may be mutated ------------------------------------------------------------------------------
@@ -82,10 +90,12 @@ def code_only(text):
 BINARY = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "/", "<": "<= >", "<=": "< >", ">": ">= <", ">=": "> <",
           "==": "!=", "!=": "==", "&&": "||", "||": "&&", "+=": "-= =", "-=": "+= =", "*=": "/=", "/=": "*=",
           "<<": ">>", ">>": "<<", "&": "|", "|": "&", "^": "|"}
-FUNCTIONS = {"std::sin": "std::cos", "std::cos": "std::sin", "std::floor": "std::ceil", "std::ceil": "std::floor",
-             "std::asin": "std::acos", "std::acos": "std::asin", "std::fmin": "std::fmax",
-             "std::fmax": "std::fmin", "std::trunc": "std::floor", "std::fabs": "", "IntegerPart": "",
-             "ReduceAngle": "ReduceAngleSigned", "ReduceAngleSigned": "ReduceAngle"}
+FUNCTIONS = (("std::sin", "std::cos"), ("std::cos", "std::sin"), ("std::floor", "std::ceil"),
+             ("std::ceil", "std::floor"), ("std::asin", "std::acos"), ("std::acos", "std::asin"),
+             ("std::fmin", "std::fmax"), ("std::fmax", "std::fmin"), ("std::min", "std::max"),
+             ("std::max", "std::min"), ("std::trunc", "std::floor"), ("std::fabs", ""), ("IntegerPart", ""),
+             ("ReduceAngle", "ReduceAngleSigned"), ("ReduceAngleSigned", "ReduceAngle"),
+             ("ReduceAngle", ""), ("ReduceAngleSigned", ""))
 
 
 def end_of_bracket(code, start):
@@ -169,11 +179,13 @@ def mutations(text):
             if a < b and c < d and text[a:b] != text[c:d]:
                 yield "arguments", a, d, text[c:d] + text[b:c] + text[a:b]
 
-    for name, new in FUNCTIONS.items():
+    for name, new in FUNCTIONS:
         for match in each(r"(?<![\w:])" + name + r"(?=\()"):
             yield "function", *match.span(), new
     for match in each(r"\bthread_local "):
         yield "specifier", *match.span(), "static "
+    for match in each(r"(?<!asm )\bvolatile "):
+        yield "specifier", *match.span(), ""
     # An instruction of an asm block, or the one that stands alone.
     for match in re.finditer(r'^\s+("[a-z]\w+[^"\n]*\\n\\t"|"[a-z]\w+[^"\n]*")$', text, re.M):
         if "asm volatile(" in text[max(0, match.start() - 300):match.start()]:
@@ -263,7 +275,7 @@ class Bench:
         self.users = {room: [user for user in uses if re.search(rf"\b{room}\b", uses[user].split("EXCEPT")[0])]
                       for room in uses}
         self.programs = {room: self.build / "tests" / "unit" / f"unit_{room}" for room in uses}
-        self.must(["cmake", "--build", str(self.build), f"-j{jobs}", "--target", *HOST_PROGRAMS,
+        self.must(["cmake", "--build", str(self.build), f"-j{jobs}", "--target", *LIBRARIES, *HOST_PROGRAMS,
                    *(program.name for program in self.programs.values())])
         self.digest, self.seconds = {}, {}
         for room, program in self.programs.items():
@@ -271,9 +283,10 @@ class Bench:
             self.must([str(program), "--gtest_brief=1"])
             self.digest[room], self.seconds[room] = self.digest_of(program), processor_seconds() - before
         self.suites = {room: self.suites_of(program) for room, program in self.programs.items()}
-        self.must(self.host_tests(ANSWER_TESTS))
-        self.must(self.host_tests(MANNER_TESTS))
-        self.library_digest = self.digest_of(self.library())
+        for name, (answer_tests, manner_tests) in LIBRARIES.items():
+            self.must(self.host_tests(answer_tests))
+            self.must(self.host_tests(manner_tests))
+            self.digest[name] = self.digest_of(self.library(name))
 
     def copy(self):
         listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, check=True,
@@ -297,7 +310,8 @@ class Bench:
             sys.exit(f"without a mutant: {' '.join(command)}\n{output[-3000:]}")
 
     def host_tests(self, chosen):
-        return ["ctest", "--test-dir", str(self.build), *chosen, "--timeout", "300", "--stop-on-failure"]
+        return ["ctest", "--test-dir", str(self.build), "-R", chosen, "--no-tests=error", "--timeout", "300",
+                "--stop-on-failure"]
 
     def suites_of(self, program):
         """The names of the tests of a unit program, by the file that they stand in."""
@@ -309,8 +323,8 @@ class Bench:
                 names[Path(test["file"]).stem].append(f"{suite['name']}.{test['name']}")
         return names
 
-    def library(self):
-        return self.tree / "out" / "linux" / "libzenithor.so"
+    def library(self, name):
+        return self.tree / "out" / "linux" / f"lib{name}.so"
 
     @staticmethod
     def digest_of(program):
@@ -344,23 +358,25 @@ class Bench:
         if outcome in ("not compiled", "unit tests"):
             return outcome, by
         changed = outcome == "survived"
-        if not self.compiles("zenithor"):
-            return "not compiled", ""
-        library_changed = self.digest_of(self.library()) != self.library_digest
-        if library_changed:
-            by = self.failed_host_test(ANSWER_TESTS)
-            if by:
-                return "host tests", by
+        changed_libraries = []
+        for name, (answer_tests, _) in LIBRARIES.items():
+            if not self.compiles(name):
+                return "not compiled", ""
+            if self.digest_of(self.library(name)) != self.digest[name]:
+                changed_libraries.append(name)
+                by = self.failed_host_test(answer_tests)
+                if by:
+                    return "host tests", by
         for room in above:
             outcome, by = self.unit_tests(room)
             if outcome in ("not compiled", "unit tests"):
                 return outcome, by
             changed |= outcome == "survived"
-        if library_changed:
-            by = self.failed_host_test(MANNER_TESTS)
+        for name in changed_libraries:
+            by = self.failed_host_test(LIBRARIES[name][1])
             if by:
                 return "host tests", by
-        return "survived" if changed or library_changed else "same code", ""
+        return "survived" if changed or changed_libraries else "same code", ""
 
     def unit_tests(self, room, first=""):
         """What the unit tests of a room say, of which those of the file `first` run first."""
