@@ -13,7 +13,7 @@
 #include "entry/library_load.h"
 #include "ephemeris/file_open.h"
 #include "host/boundary.h"
-#include "host/process_store.h"
+#include "host/process_state.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ __attribute__((constructor)) void LoadFromApplicationData() {
   const zenithor::HostBoundary boundary;
   char* const index_name = DataPath(kIndexFile);
   char* const data_name = DataPath(kDataFile);
-  zenithor::LoadEphemeris(zenithor::ProcessStore(),
+  zenithor::LoadEphemeris(zenithor::process_state.store,
                           {index_name, data_name, zenithor::FileExists, WarnMissingFile});
   std::free(index_name);
   std::free(data_name);

@@ -14,7 +14,7 @@
 #include "entry/library_load.h"
 #include "ephemeris/file_open.h"
 #include "host/boundary.h"
-#include "host/process_store.h"
+#include "host/process_state.h"
 
 namespace {
 
@@ -93,7 +93,7 @@ void LoadFromApplicationData() {
   const bool found = FindApplicationDataFolder(folder);
   char* const index_name = found ? ReaderName(folder, kIndexFile) : nullptr;
   char* const data_name = found ? ReaderName(folder, kDataFile) : nullptr;
-  zenithor::LoadEphemeris(zenithor::ProcessStore(),
+  zenithor::LoadEphemeris(zenithor::process_state.store,
                           {index_name, data_name, zenithor::FileExists, WarnMissingFile});
   std::free(index_name);
   std::free(data_name);

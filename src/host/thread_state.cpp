@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <type_traits>
 
+#include "host/process_state.h"
+
 #ifdef _WIN32
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -27,8 +29,6 @@ static_assert(std::is_trivially_destructible_v<ThreadState> &&
                   std::is_trivially_destructible_v<ThreadValues>,
               "the end of a thread runs no code");
 static_assert(alignof(ThreadState) >= alignof(ThreadValues), "the one can follow the other");
-
-bool keeps_values = false;
 
 // The system's slots. Get and Set are those of the calling thread.
 #ifdef _WIN32
@@ -91,19 +91,18 @@ class WithoutSignals {
 };
 #endif
 
-std::atomic<Slot> thread_slot{kNoSlot};
-std::atomic<bool> unloading{false};
+static_assert(sizeof(Slot) == sizeof(std::uint32_t) && kNoSlot == ProcessState::kNoKey);
 
 Slot ThreadSlot() {
-  Slot slot = thread_slot.load(std::memory_order_acquire);
-  if (slot != kNoSlot || unloading.load(std::memory_order_relaxed)) {
+  std::uint32_t slot = process_state.thread_key.load(std::memory_order_acquire);
+  if (slot != kNoSlot || process_state.unloading.load(std::memory_order_relaxed)) {
     return slot;
   }
   const Slot fresh = AllocateSlot();
   if (fresh == kNoSlot) {
     return kNoSlot;
   }
-  if (thread_slot.compare_exchange_strong(slot, fresh, std::memory_order_acq_rel)) {
+  if (process_state.thread_key.compare_exchange_strong(slot, fresh, std::memory_order_acq_rel)) {
     return fresh;
   }
   FreeSlot(fresh);  // another thread was first
@@ -122,14 +121,14 @@ ThreadState* MakeThreadState(Slot slot) {
   if (void* const made_by_handler = Get(slot)) {
     return SetIn(made_by_handler);
   }
-  const std::size_t of_values = keeps_values ? sizeof(ThreadValues) : 0;
+  const std::size_t of_values = process_state.keeps_values ? sizeof(ThreadValues) : 0;
   void* const memory = std::malloc(alignof(ThreadState) + sizeof(ThreadState) + of_values);
   if (memory == nullptr) {
     return nullptr;
   }
   auto* const state = new (SetIn(memory)) ThreadState;
   state->position.moment.room = &state->room;
-  if (keeps_values) {
+  if (process_state.keeps_values) {
     auto* const values = new (state + 1) ThreadValues;
     state->position.places = &values->places;
     state->position.nodes = &values->nodes;
@@ -155,7 +154,7 @@ void ReleaseOwn(Slot slot) {
 // When a thread ends its set goes; and so it does when the library is unloaded, but not when the
 // process ends, which leaves `reserved` set.
 void NTAPI ReleaseThreadState(void* /*module*/, DWORD reason, void* reserved) {
-  const Slot slot = thread_slot.load(std::memory_order_acquire);
+  const Slot slot = process_state.thread_key.load(std::memory_order_acquire);
   if (slot == kNoSlot) {
     return;
   }
@@ -172,8 +171,8 @@ void NTAPI ReleaseThreadState(void* /*module*/, DWORD reason, void* reserved) {
 
 // At the end of the process too, where other threads may still call: they go on without sets.
 __attribute__((destructor)) void GiveSlotBack() {
-  unloading.store(true);
-  const Slot slot = thread_slot.exchange(kNoSlot);
+  process_state.unloading.store(true);
+  const Slot slot = process_state.thread_key.exchange(kNoSlot);
   if (slot != kNoSlot) {
     ReleaseOwn(slot);
     FreeSlot(slot);
@@ -191,8 +190,6 @@ __attribute__((section(".CRT$XLY"), used)) const PIMAGE_TLS_CALLBACK zenithor_re
     ReleaseThreadState;
 }
 #endif
-
-void KeepThreadValues() { keeps_values = true; }
 
 ThreadState* FindThreadState() {
   [[maybe_unused]] const HostsThread hosts_thread;

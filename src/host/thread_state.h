@@ -13,16 +13,13 @@ struct ThreadState {
   volatile bool in_call = false;  // by a call of this thread that has not returned
 };
 
-// What comes with it in a library that is asked for values: field by field, and in arrays.
+// What comes with it where the process keeps values (process_state.h): for one field after another,
+// for arrays and for searches.
 struct ThreadValues {
   PlaceMemory places;  // position.places
   MomentsRoom room;    // position.moment.moments_room
   NodeMemory nodes;    // position.nodes; last, because few threads touch it
 };
-
-// Every set that a thread makes from now on comes with ThreadValues. For a library's load, before
-// any call.
-void KeepThreadValues();
 
 // The calling thread's own set, made on the thread's first call and released when the thread ends.
 // Null where the process has no per-thread slot or no memory left.

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "host/process_store.h"
+#include "host/process_state.h"
 #include "host/thread_state.h"
 #include "time/clock.h"
 #include "values/civil_time.h"
@@ -41,7 +41,7 @@ std::int32_t EventsInto(std::int32_t kind_set, double from, double to, MomentArr
 double AnswerValue(int32_t body, int32_t field, double day) {
   CallState state;
   double value = 0.0;
-  FieldValues(ProcessStore(), state.Get(), body, field, &day, 1, &value);
+  FieldValues(process_state.store, state.Get(), body, field, &day, 1, &value);
   return value;
 }
 
@@ -54,7 +54,7 @@ int32_t AnswerValues(int32_t body, int32_t field, const double* days, int32_t co
     return ZENITHOR_ERROR_ARRAY;
   }
   CallState state;
-  FieldValues(ProcessStore(), state.Get(), body, field, days, count, values);
+  FieldValues(process_state.store, state.Get(), body, field, days, count, values);
   if (!IsBody(body)) {
     return ZENITHOR_ERROR_BODY;
   }
@@ -92,7 +92,7 @@ int32_t AnswerTable(const int32_t* bodies, int32_t body_count, const int32_t* fi
     field_stride = 1;
   }
   CallState state;
-  return FillTable(ProcessStore(), state.Get(),
+  return FillTable(process_state.store, state.Get(),
                    {bodies, body_count, fields, field_count, days, day_count, values, day_stride,
                     body_stride, field_stride});
 }
@@ -134,7 +134,7 @@ int32_t AnswerDaily(int32_t body, double day, double zone, double longitude, dou
     return error;
   }
   CallState state;
-  const DailyEvents events = EventsOfDay(ProcessStore(), state.Get(), request);
+  const DailyEvents events = EventsOfDay(process_state.store, state.Get(), request);
   int32_t times = 0;
   for (int k = 0; k < kDailyEvents; ++k) {
     days[k] = events.julian_days[k];

@@ -9,10 +9,7 @@
 #endif
 
 #include "host/boundary.h"
-#include "host/process_store.h"
-#include "host/thread_state.h"
 #include "values/data.h"
-#include "values/guide_store.h"
 
 #if defined(_WIN32)
 
@@ -20,9 +17,7 @@ extern "C" ZENITHOR_ENTRY BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason
                                               LPVOID /*reserved*/) {
   if (reason == DLL_PROCESS_ATTACH) {
     const zenithor::HostBoundary boundary;
-    zenithor::KeepThreadValues();
-    zenithor::LoadLinkedData(zenithor::ProcessStore());
-    zenithor::MakeProcessGuide(zenithor::ProcessStore());
+    zenithor::LoadLinkedData();
   }
   return TRUE;
 }
@@ -33,9 +28,7 @@ namespace {
 
 __attribute__((constructor)) void ArrangeLinkedData() {
   const zenithor::HostBoundary boundary;
-  zenithor::KeepThreadValues();
-  zenithor::LoadLinkedData(zenithor::ProcessStore());
-  zenithor::MakeProcessGuide(zenithor::ProcessStore());
+  zenithor::LoadLinkedData();
 }
 
 }  // namespace

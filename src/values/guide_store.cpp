@@ -12,9 +12,6 @@ constexpr double kLeastAmplitude = 3e-7;  // [rad] or [au]
 constexpr double kFarthest = 4.0;         // [millennia] from J2000.0
 constexpr std::uint64_t kGuideMark = 0x6775696465ULL;
 
-EphemerisStore process_guide;
-GuideRooms process_rooms;
-
 // Copies the terms that reach the threshold; false when there is no room for them.
 bool TakeTerms(const BodySeries& full, double threshold, SeriesTerm* terms, BodySeries& guide) {
   guide.term_count = 0;
@@ -61,9 +58,5 @@ void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& ro
     body.fingerprint = full.bodies[slot].fingerprint ^ kGuideMark;
   }
 }
-
-const EphemerisStore& ProcessGuide() { return process_guide; }
-
-void MakeProcessGuide(const EphemerisStore& full) { MakeGuide(full, process_guide, process_rooms); }
 
 }  // namespace zenithor

@@ -25,8 +25,4 @@ struct GuideRooms {
 // refers to the rooms, not to the full store.
 void MakeGuide(const EphemerisStore& full, EphemerisStore& guide, GuideRooms& rooms);
 
-// The guide of this process; without bodies before it is made, when the library is loaded.
-const EphemerisStore& ProcessGuide();
-void MakeProcessGuide(const EphemerisStore& full);
-
 }  // namespace zenithor

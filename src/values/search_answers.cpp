@@ -1,18 +1,18 @@
-#include "host/process_store.h"
+#include "host/process_state.h"
 #include "host/thread_state.h"
 #include "values/answers.h"
 #include "values/aspects.h"
 #include "values/crossings.h"
-#include "values/guide_store.h"
 #include "values/stations.h"
+#include "values/values_state.h"
 
 namespace zenithor {
 
 namespace {
 
 SearchStores Stores() {
-  const EphemerisStore& guide = ProcessGuide();
-  return {&ProcessStore(), IsLoaded(guide, kEarthSlot) ? &guide : nullptr};
+  const EphemerisStore& guide = values_state.guide;
+  return {&process_state.store, IsLoaded(guide, kEarthSlot) ? &guide : nullptr};
 }
 
 }  // namespace

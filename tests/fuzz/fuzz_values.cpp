@@ -12,10 +12,8 @@
 #include <memory>
 
 #include "hash_of.h"
-#include "host/process_store.h"
 #include "support/value_calls.h"
 #include "values/data.h"
-#include "values/guide_store.h"
 
 namespace {
 
@@ -168,8 +166,7 @@ extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** words) {
     std::fprintf(stderr, "%s: no function of that name\n", name);
     std::exit(1);
   }
-  zenithor::LoadLinkedData(zenithor::ProcessStore());
-  zenithor::MakeProcessGuide(zenithor::ProcessStore());
+  zenithor::LoadLinkedData();
   LinkFunctions();
   return 0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ephemeris/loader.h"
-#include "host/process_store.h"
+#include "host/process_state.h"
 #include "support/export_table.h"
 #include "support/full_store.h"
 #include "zenithor/zenithor.h"
@@ -24,6 +24,6 @@ inline AnyExport LinkedExport(int which) {
 }
 
 // The data that the load gives a host.
-inline void FillProcessStore() { ProcessStore() = FullStore(); }
+inline void FillProcessStore() { process_state.store = FullStore(); }
 
 }  // namespace zenithor::testing

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "entry/answers.h"
-#include "host/process_store.h"
+#include "host/process_state.h"
 #include "host/thread_state.h"
 #include "positions/position.h"
 #include "rising/rising.h"
@@ -21,15 +21,15 @@ using testing::UntouchedRecord;
 
 // Other tests of this program fill the process's own store, so it is emptied for a moment.
 TEST(Answers, ComeFromTheStoreOfTheProcess) {
-  const EphemerisStore kept = ProcessStore();
+  const EphemerisStore kept = process_state.store;
   BodyPositionRecord record = UntouchedRecord();
-  ProcessStore() = EphemerisStore{};
+  process_state.store = EphemerisStore{};
   EXPECT_EQ(AnswerPosition(2451545.0, 0.0, 0.0, ZENITHOR_MARS, &record), 0.0);
   EXPECT_EQ(AnswerRising(14245.0, 0.0, 0.0, 0.0, 50.0, ZENITHOR_MARS, ZENITHOR_RISE), 0.0);
-  ProcessStore() = FullStore();
+  process_state.store = FullStore();
   EXPECT_EQ(AnswerPosition(2451545.0, 0.0, 0.0, ZENITHOR_MARS, &record), ZENITHOR_DONE);
   EXPECT_GT(AnswerRising(14245.0, 0.0, 0.0, 0.0, 50.0, ZENITHOR_MARS, ZENITHOR_RISE), 0.0);
-  ProcessStore() = kept;
+  process_state.store = kept;
 }
 
 // A call in which no argument can stand for another: every one of them moves the answer, and each

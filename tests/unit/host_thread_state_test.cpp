@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "entry/answers.h"
+#include "host/process_state.h"
 #include "host/thread_state.h"
 #include "support/untouched.h"
 
@@ -61,6 +62,27 @@ TEST(ThreadState, IsTheThreadsOwnAgainWhenTheCallHasReturned) {
   }
   CallState call;
   EXPECT_EQ(&call.Get(), first);
+}
+
+TEST(ThreadState, ComesWithValuesWhereTheProcessKeepsThem) {
+  // A set is made at a thread's first call.
+  const auto values_of_a_new_thread = [] {
+    bool own = false;
+    std::thread([&] {
+      const ThreadState* const state = FindThreadState();
+      const auto* const values = reinterpret_cast<const ThreadValues*>(state + 1);
+      own = state->position.places == &values->places;
+      EXPECT_TRUE(own || state->position.places == nullptr);
+      EXPECT_EQ(state->position.nodes, own ? &values->nodes : nullptr);
+      EXPECT_EQ(state->position.moment.moments_room, own ? &values->room : nullptr);
+      EXPECT_EQ(state->position.moment.room, &state->room);
+    }).join();
+    return own;
+  };
+  EXPECT_FALSE(values_of_a_new_thread());
+  process_state.keeps_values = true;
+  EXPECT_TRUE(values_of_a_new_thread());
+  process_state.keeps_values = false;
 }
 
 TEST(ThreadState, ThreadsAtOnceGetTheAnswersOfALoneCaller) {

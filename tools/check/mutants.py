@@ -43,7 +43,7 @@ HOST_PROGRAMS = ("load_host load_heap_host exports_host golden_host records_host
                  "threads_host hostile_processor_state hostile_misaligned_stack hostile_procedure "
                  "hostile_null_record hostile_page_end hostile_reload hostile_load_elsewhere "
                  "hostile_threads hostile_any_argument values_host values_linked_host "
-                 "hostile_values_state hostile_values_any_argument hostile_values_threads").split()
+                 "hostile_values_state hostile_values_threads").split()
 # The finished libraries, with the tests of their answers; of their load and their manners.
 LIBRARIES = {
     "zenithor": (
@@ -53,7 +53,7 @@ LIBRARIES = {
         r"page_end|reload|load_elsewhere|threads|any_argument)$"),
     "zenithor_values": (
         r"\.host\.ValuesAreTheRecords$",
-        r"\.host\.ValuesLinkedByName$|hostile_values_(state|any_argument|threads)$"),
+        r"\.host\.ValuesLinkedByName$|hostile_values_(state|threads)$"),
 }
 
 
