@@ -234,8 +234,8 @@ int32_t ZENITHOR_VALUES_CALL ZenithorStations(int32_t body, int32_t field, doubl
  * -`angle`, longitudes modulo 360.
  *   field  1 (heliocentric), 4 or 101 (geocentric longitude); 8 (declination)
  *   angle  [deg] 0 conjunction, 90 square, 120 trine, 180 opposition, ...; for declinations 0 is
- * the parallel, another angle a difference of declinations Contacts that only just happen, before a
- * station, are found. Good as crossings are. */
+ *          the parallel, another angle a difference of declinations
+ * Contacts that only just happen, before a station, are found. Good as crossings are. */
 int32_t ZENITHOR_VALUES_CALL ZenithorAspects(int32_t body, int32_t otherBody, int32_t field,
                                              double angle, double from, double to,
                                              double* julianDays, int32_t capacity);

@@ -20,7 +20,7 @@ constexpr std::int32_t kPenumbralEclipse = 7;
 constexpr std::int32_t kLongestSearch = 30000;
 
 // Whether lunations can be counted from k: whole numbers are exact below 2^53, 2.66e17 days from
-// lunation 0. Not so for infinities and not-a-number.
+// lunation 0. Not so for infinities and NaN.
 inline bool CanCountFrom(double k) { return k > -0x1p53 && k < 0x1p53; }
 
 // |gamma| [Earth radii] at which a penumbral eclipse of the Moon begins, for u = 0: farther out

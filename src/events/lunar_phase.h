@@ -25,7 +25,7 @@ double PhaseLunation(double julian_day, std::int32_t phase);
 // of the quarters and 14 planetary terms. Against the book's second edition up to 98 s apart for
 // full moons and 30 s for the other phases from 1900 to 2100, 5 minutes from 1000 to 3000, 40
 // minutes in -1000 (docs/deliberate.md has what makes the difference). Any day that is finite has a
-// value; where T^4 is not finite (from 1e81 days on) it is not-a-number.
+// value; where T^4 is not finite (from 1e81 days on) it is NaN.
 //   phase   0 to 3 as above; anything else is computed as a quarter without the quarters'
 //           correction, a quarter lunation later for each unit
 // Source: Meeus, Astronomical Algorithms, chapter 49 (first edition: 47).

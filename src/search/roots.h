@@ -55,7 +55,7 @@ struct RootProblem {
 };
 
 struct Root {
-  double moment;
+  double moment;           // [day]
   std::int32_t direction;  // 1 the function rises through the target, -1 it falls, 0 it touches or
                            // stays
 };

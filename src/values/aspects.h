@@ -7,7 +7,7 @@
 
 namespace zenithor {
 
-// The moments from <= t < to at which two bodies stand at an angle, either side: see
+// The moments [day] from <= t < to at which two bodies stand at an angle [deg], either side: see
 // ZenithorAspects and ZenithorDirectedAspects in values.h. `directions` may be null. Returns how
 // many there are, or an error code.
 std::int32_t FindAspects(const SearchStores& stores, PositionState& state, std::int32_t body,
@@ -15,7 +15,7 @@ std::int32_t FindAspects(const SearchStores& stores, PositionState& state, std::
                          double to, double* julian_days, std::int32_t* directions,
                          std::int32_t capacity);
 
-// The first after `after`; NaN when there is none before ZENITHOR_LAST_DAY, or with an error.
+// The first [day] after `after`; NaN when there is none before ZENITHOR_LAST_DAY, or with an error.
 double NextAspectAfter(const SearchStores& stores, PositionState& state, std::int32_t body,
                        std::int32_t other, std::int32_t field, double angle, double after);
 

@@ -19,17 +19,21 @@ bool IsClockField(std::int32_t field);  // hours, minutes, seconds
 // An enumeration under way.
 struct CalendarWalk {
   std::int32_t field;
-  double target;
-  double from;
-  double to;
-  double midnight;    // of the present day
+  double target;      // the number that the field shall take
+  double from;        // [day]
+  double to;          // [day]
+  double midnight;    // [day] at which the present day begins
   std::int32_t mark;  // of the present day: the next to be looked at
 };
 
+// Begins at `from` (included), for a calendar field; `to` is not included. Both within
+// ZENITHOR_FIRST_DAY and ZENITHOR_LAST_DAY. An empty or reversed span and a target that the field
+// never takes have no moments.
 void BeginCalendarSteps(CalendarWalk& walk, std::int32_t field, double target, double from,
                         double to);
 
-// The next moment; direction 1 where the field was lower before, -1 where it was higher.
+// The next moment [day] in the order of time, to the last bit of a Julian day; direction 1 where
+// the field was lower before, -1 where it was higher. False when there are no more.
 bool NextCalendarStep(CalendarWalk& walk, Root& step);
 
 }  // namespace zenithor

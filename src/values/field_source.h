@@ -54,7 +54,7 @@ constexpr double kMomentTolerance = 1e-7;  // [day]
 TimeFunction FunctionOfSource(FieldSource& source);
 TimeFunction FunctionOfGuide(GuideSource& source);
 
-// Of a difference of two bodies: its rates, and the sums of their other bounds.
+// Of body a's field less body b's, in its unit: its rates, and the sums of the other bounds.
 FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);
 
 // Where the sources take `target`, in the unit of SmoothValues. The widest cell is half the time in
@@ -62,7 +62,7 @@ FieldBounds BoundsOfDifference(const FieldBounds& a, const FieldBounds& b);
 // a quarter turn.
 RootProblem CrossingProblem(SourcePair& sources, const FieldBounds& bounds, double target);
 
-// The day after which a search for the next moment begins, and where it ends.
+// The next number above a Julian day: where a search for the moments after it begins. NaN of NaN.
 double JustAfter(double day);
 
 // Adds what `next(walk, root)` gives, with its directions as marks.

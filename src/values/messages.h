@@ -4,7 +4,7 @@
 
 namespace zenithor {
 
-// ZenithorMessage.
+// The sentence of ZenithorMessage for any number; never null.
 const char* MessageOf(std::int32_t code);
 
 }  // namespace zenithor

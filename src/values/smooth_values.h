@@ -16,6 +16,9 @@ namespace zenithor {
 //   half, which is smooth there: elongation and phase angle (fields 105 and 9).
 // Longitudes count modulo 360, right ascension modulo 24. The calendar fields and field 106 step
 // and have no smooth form.
+// Writes the values at julian_days[0..count-1] [day], in the units of values.h but for those of
+// fields 9 and 105, 0 to 1. What the body does not have is 0 or NaN: callers ask for fields with
+// bounds only (field_bounds.h). `values` may be `julian_days` itself.
 void SmoothValues(const EphemerisStore& store, PositionState& state, int body, int field,
                   const double* julian_days, std::int32_t count, double* values);
 
@@ -23,9 +26,9 @@ void SmoothValues(const EphemerisStore& store, PositionState& state, int body, i
 // declination, and what they are made of.
 struct SmoothPlace {
   double values[18];       // by field number, 1 to 10 and 15 to 17
-  double longitude;        // field 101
-  double latitude;         // field 102
-  double half_angle_sine;  // square of the sine of half the elongation
+  double longitude;        // [deg] field 101
+  double latitude;         // [deg] field 102
+  double half_angle_sine;  // square of the sine of half the elongation, 0 to 1
 };
 
 // What part of a SmoothPlace is wanted.
