@@ -36,6 +36,17 @@ using testing::WriteIndex;
 
 constexpr int kMostPerSeries = 32767;
 
+void ExpectNothingOf(const BodySeries& body) {
+  EXPECT_EQ(body.terms, nullptr);
+  EXPECT_EQ(body.term_count, 0);
+  EXPECT_EQ(body.fingerprint, 0U);
+  EXPECT_EQ(body.tracks.frequency_count, 0);
+  EXPECT_EQ(body.tracks.end_count, 0);
+  for (const SeriesRange& range : body.index.series) {
+    EXPECT_EQ(range.term_count, 0);
+  }
+}
+
 // Two files in a folder of their own, and a store to load them into.
 class Loader : public ::testing::Test {
  protected:
@@ -141,6 +152,7 @@ TEST_F(Loader, FailedLoadForgetsWhatTheSlotHeldBefore) {
   EXPECT_EQ(LoadBodySeries(store_, 4, (folder_ / "absent").c_str(), data_path_.c_str()),
             LoadStatus::kNoIndexFile);
   EXPECT_FALSE(IsLoaded(store_, 4));
+  ExpectNothingOf(store_.bodies[4]);
 }
 
 TEST_F(Loader, SlotLoadedAgainFromAShorterIndexTakesTheRestAsZero) {
@@ -311,6 +323,7 @@ TEST_F(Loader, SettingTheFolderForgetsEverySlotAndCopiesThePrefix) {
   SetEphemerisFolder(store_, prefix.c_str());
   prefix.assign(prefix.size(), '?');
   EXPECT_FALSE(IsLoaded(store_, 5));
+  ExpectNothingOf(store_.bodies[5]);
   EXPECT_EQ(LoadBodySeries(store_, 5, "karvo.ndx", "karvo.dat"), LoadStatus::kLoaded);
   SetEphemerisFolder(store_, nullptr);
   EXPECT_STREQ(store_.path_prefix, "");
