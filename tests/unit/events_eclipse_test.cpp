@@ -496,7 +496,12 @@ TEST(EclipseCore, WhatIsEasyToRuleOutIsNoSolarEclipse) {
       ASSERT_EQ(DescribeSolarEclipse(quick).found, eclipse.found) << k;
       ASSERT_EQ(DescribeSolarEclipse(quick).jde, eclipse.jde) << k;
       eclipses += eclipse.found ? 1 : 0;
-      ruled_out += at.u != quick.u ? 1 : 0;
+      if (at.u != quick.u) {
+        ++ruled_out;
+        ASSERT_EQ(quick.u, 0.0) << k;
+        ASSERT_EQ(quick.abs_gamma, 2.0) << k;
+        ASSERT_EQ(quick.mprime, 0.0) << k;
+      }
     }
   }
   EXPECT_GT(eclipses, 10000);

@@ -31,6 +31,17 @@ TEST(Daily, MeetsTheBooksExample) {
   EXPECT_NEAR(venus.julian_days[2] - 2447240.5, 0.12130, 0.00002);
 }
 
+TEST(Daily, CountsLongitudesModuloAWholeTurn) {
+  const DailyEvents venus = Daily(ZENITHOR_BODY_VENUS, 2447240.5, 0.0, -71.25, 42.0);
+  for (const double longitude : {-431.25, 288.75, 3528.75}) {
+    const DailyEvents same = Daily(ZENITHOR_BODY_VENUS, 2447240.5, 0.0, longitude, 42.0);
+    for (int which = 0; which < kDailyEvents; ++which) {
+      EXPECT_GT(venus.julian_days[which], 2447240.5);
+      EXPECT_EQ(same.julian_days[which], venus.julian_days[which]) << longitude << " " << which;
+    }
+  }
+}
+
 // The day's own call of the export, at the day's middle as here: where an event is well inside the
 // day the two agree.
 TEST(Daily, AgreesWithTheExportInsideTheDay) {
@@ -162,7 +173,11 @@ TEST(Daily, RefusesWhatHasNoAnswer) {
   EXPECT_EQ(DailyError({0, 2451545.0, 0.0, nan, 0.0}), ZENITHOR_ERROR_ANGLE);
   EXPECT_EQ(DailyError({0, 2451545.0, 0.0, 0.0, nan}), ZENITHOR_ERROR_ANGLE);
   EXPECT_EQ(DailyError({0, 2451545.0, 0.0, 0.0, 90.5}), ZENITHOR_ERROR_ANGLE);
-  EXPECT_EQ(DailyError({0, 2451545.0, 0.0, 0.0, 90.0}), 0);
+  for (const double pole : {-90.0, 90.0}) {
+    EXPECT_EQ(DailyError({0, 2451545.0, 0.0, 0.0, pole}), 0);
+    EXPECT_EQ(DailyError({0, 2451545.0, 0.0, 0.0, std::nextafter(pole, 2.0 * pole)}),
+              ZENITHOR_ERROR_ANGLE);
+  }
 }
 
 }  // namespace
