@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "values/calendar_steps.h"
 #include "values/field_source.h"
 #include "values/fields.h"
@@ -30,7 +31,7 @@ double HalfAngleTarget(double target, double half_turn, double radians_per_unit)
   if (!(target >= 0.0 && target <= half_turn)) {
     return std::numeric_limits<double>::quiet_NaN();
   }
-  const double sine = std::sin(0.5 * target * radians_per_unit);
+  const double sine = Sine(0.5 * target * radians_per_unit);
   return sine * sine;
 }
 

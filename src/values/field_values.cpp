@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
 #include "values/fields.h"
 #include "values/kept_places.h"
@@ -23,7 +24,7 @@ double AngleBetween(const Equatorial& a, const Equatorial& b) {
   const double y = u.z * v.x - u.x * v.z;
   const double z = u.x * v.y - u.y * v.x;
   const double across = std::sqrt(x * x + y * y + z * z);
-  return std::atan2(across, u.x * v.x + u.y * v.y + u.z * v.z) * kDegreesPerRadian;
+  return ArctangentOfPoint(across, u.x * v.x + u.y * v.y + u.z * v.z) * kDegreesPerRadian;
 }
 
 double ElongationAt(const EphemerisStore& store, PositionState& state, int body,

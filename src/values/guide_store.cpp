@@ -18,7 +18,10 @@ bool TakeTerms(const BodySeries& full, double threshold, SeriesTerm* terms, Body
   const SeriesTerm* term = full.terms;
   const SeriesTerm* const end = term + full.term_count;
   for (std::size_t s = 0; s < kSeriesCount; ++s) {
-    const double reach = std::pow(kFarthest, static_cast<double>(s % kPowerCount));
+    double reach = 1.0;
+    for (std::size_t power = 0; power < s % kPowerCount; ++power) {
+      reach *= kFarthest;
+    }
     std::int16_t taken = 0;
     for (std::int32_t k = 0; k < full.index.series[s].term_count && term != end; ++k, ++term) {
       if (!(std::fabs(term->amplitude) * reach >= threshold)) {

@@ -5,7 +5,9 @@
 #include <limits>
 
 #include "ephemeris/moment_cache.h"
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "time/julian_day.h"
 #include "time/obliquity.h"
 
@@ -85,21 +87,19 @@ void ComputeKept(const EphemerisStore& store, PositionState& state, int body,
 void TurnToEcliptic(double julian_day, MomentCache& cache, KeptPlace& place) {
   const double centuries = JulianCenturies(julian_day);
   const double epsilon = MeanObliquity(centuries) + CachedNutation(centuries, cache).deps;
-  const double sin_epsilon = std::sin(epsilon);
-  const double cos_epsilon = std::cos(epsilon);
-  const double sin_alpha = std::sin(place.apparent.alpha);
-  const double sin_delta = std::sin(place.apparent.delta);
-  const double cos_delta = std::cos(place.apparent.delta);
+  const auto [cos_epsilon, sin_epsilon] = CosineAndSine(epsilon);
+  const auto [cos_alpha, sin_alpha] = CosineAndSine(place.apparent.alpha);
+  const auto [cos_delta, sin_delta] = CosineAndSine(place.apparent.delta);
   const double y = sin_alpha * cos_delta * cos_epsilon + sin_delta * sin_epsilon;
-  const double x = std::cos(place.apparent.alpha) * cos_delta;
+  const double x = cos_alpha * cos_delta;
   const double z = sin_delta * cos_epsilon - cos_delta * sin_epsilon * sin_alpha;
-  double longitude = std::atan2(y, x) * kDegreesPerRadian;
+  double longitude = ArctangentOfPoint(y, x) * kDegreesPerRadian;
   if (longitude < 0.0) {
     longitude += 360.0;
   }
   // A longitude just below 0 rounds up to the whole turn.
   place.apparent_longitude = longitude >= 360.0 ? 0.0 : longitude;
-  place.apparent_latitude = std::atan2(z, std::hypot(x, y)) * kDegreesPerRadian;
+  place.apparent_latitude = ArctangentOfPoint(z, std::sqrt(x * x + y * y)) * kDegreesPerRadian;
   place.has_ecliptic = place.has_place;
 }
 

@@ -4,7 +4,9 @@
 #include <limits>
 
 #include "moon/lunar_series.h"
+#include "numerics/arcs.h"
 #include "numerics/constants.h"
+#include "numerics/sine_cosine.h"
 #include "positions/planet_position.h"
 #include "time/julian_day.h"
 #include "time/obliquity.h"
@@ -21,13 +23,11 @@ void TurnIntoEcliptic(double centuries, const NutationAngles& nutation, SmoothPl
   const double alpha = place.values[ZENITHOR_FIELD_RIGHT_ASCENSION] / kHoursPerRadian;
   const double delta = place.values[ZENITHOR_FIELD_DECLINATION] * kRadiansPerDegree;
   const double epsilon = MeanObliquity(centuries) + nutation.deps;
-  const double ce = std::cos(epsilon);
-  const double se = std::sin(epsilon);
-  const double cd = std::cos(delta);
-  const double sd = std::sin(delta);
-  const double sa = std::sin(alpha);
-  place.longitude = std::atan2(sa * cd * ce + sd * se, cd * std::cos(alpha)) * kDegreesPerRadian;
-  place.latitude = std::asin(sd * ce - cd * se * sa) * kDegreesPerRadian;
+  const auto [ce, se] = CosineAndSine(epsilon);
+  const auto [cd, sd] = CosineAndSine(delta);
+  const auto [ca, sa] = CosineAndSine(alpha);
+  place.longitude = ArctangentOfPoint(sa * cd * ce + sd * se, cd * ca) * kDegreesPerRadian;
+  place.latitude = Arcsine(sd * ce - cd * se * sa) * kDegreesPerRadian;
 }
 
 void TakePlanet(const PlanetPlace& from, double centuries, SmoothPart part, SmoothPlace& place) {
@@ -57,7 +57,7 @@ void TakeRecord(const BodyPositionRecord& record, SmoothPlace& place) {
   v[ZENITHOR_FIELD_GEO_DISTANCE] = record.GeoDistance;
   v[ZENITHOR_FIELD_RIGHT_ASCENSION] = record.RightAscension;
   v[ZENITHOR_FIELD_DECLINATION] = record.Declination;
-  const double half_phase = std::sin(0.5 * record.MoonPhaseAngle);
+  const double half_phase = Sine(0.5 * record.MoonPhaseAngle);
   v[ZENITHOR_FIELD_MOON_PHASE_ANGLE] = half_phase * half_phase;
   v[ZENITHOR_FIELD_MOON_AXIS_ANGLE] = record.MoonAxisPositionAngle;
   v[ZENITHOR_FIELD_MOON_ILLUMINATION] = record.MoonIlluminatedFraction;
@@ -66,10 +66,10 @@ void TakeRecord(const BodyPositionRecord& record, SmoothPlace& place) {
 // Half the squared distance of two directions on the unit sphere, halved again: exact for small
 // angles too.
 double HalfAngleSine(const SmoothPlace& a, const SmoothPlace& b) {
-  const double half_width = std::sin(0.5 * (a.longitude - b.longitude) * kRadiansPerDegree);
-  const double half_height = std::sin(0.5 * (a.latitude - b.latitude) * kRadiansPerDegree);
-  return half_height * half_height + std::cos(a.latitude * kRadiansPerDegree) *
-                                         std::cos(b.latitude * kRadiansPerDegree) * half_width *
+  const double half_width = Sine(0.5 * (a.longitude - b.longitude) * kRadiansPerDegree);
+  const double half_height = Sine(0.5 * (a.latitude - b.latitude) * kRadiansPerDegree);
+  return half_height * half_height + Cosine(a.latitude * kRadiansPerDegree) *
+                                         Cosine(b.latitude * kRadiansPerDegree) * half_width *
                                          half_width;
 }
 
