@@ -9,8 +9,8 @@ namespace {
 
 // The rates of a difference differ; everything that may be wrong or bend adds up.
 TEST(FieldSource, BoundsOfADifferenceHoldWhateverTheTwoBodiesDo) {
-  const FieldBounds a{4, 101, -1.0, 3.0, 5.0, 7.0, 11.0, 13.0, 17.0};
-  const FieldBounds b{5, 101, -0.5, 0.25, 0.125, 2.0, 4.0, 8.0, 16.0};
+  const FieldBounds a{4, 101, -1.0, 3.0, 5.0, 7.0, 11.0, 13.0, 17.0, 19.0};
+  const FieldBounds b{5, 101, -0.5, 0.25, 0.125, 2.0, 4.0, 8.0, 16.0, 32.0};
   const FieldBounds difference = BoundsOfDifference(a, b);
   EXPECT_EQ(difference.lowest_rate, -1.25);
   EXPECT_EQ(difference.highest_rate, 3.5);
@@ -19,6 +19,7 @@ TEST(FieldSource, BoundsOfADifferenceHoldWhateverTheTwoBodiesDo) {
   EXPECT_EQ(difference.noise, 15.0);
   EXPECT_EQ(difference.guide_error, 21.0);
   EXPECT_EQ(difference.guide_rate_error, 33.0);
+  EXPECT_EQ(difference.guide_bend_error, 51.0);
 }
 
 }  // namespace
