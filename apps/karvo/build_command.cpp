@@ -57,8 +57,9 @@ int Build(const BuildOptions& options) {
   if (error) {
     throw Failure("{}: cannot be made: {}", folder, error.message());
   }
-  WriteBytes(folder + "/" + kIndexFileName, archive.index);
+  // The data first, each file in one step: no index is there before the terms that it counts.
   WriteBytes(folder + "/" + kDataFileName, archive.data);
+  WriteBytes(folder + "/" + kIndexFileName, archive.index);
   WriteBytes(folder + "/" + kManifestFileName, ManifestText(manifest));
   fmt::print("{}: {} terms, {} bytes\n", folder, manifest.terms, archive.data.size());
   return 0;

@@ -20,7 +20,9 @@ constexpr char kMissingFileCaption[] = "MISSING FILE";
 
 // Fills `store` with slots 0 to 8. Where one of the files is missing: one warning, no file opened.
 // Where the folder was not found: no warning, and every load is attempted with empty names, fails,
-// and leaves its slot null. The result of a load is ignored: a slot that failed stays null.
+// and leaves its slot null. A slot whose load fails stays null. Where a file is replaced or written
+// to while the slots are read, all nine are read once more, up to three times; after that they stay
+// as they are.
 void LoadEphemeris(EphemerisStore& store, const LoadPlatform& platform);
 
 }  // namespace zenithor

@@ -84,6 +84,22 @@ std::FILE* OpenForReading(const char* name) {
   return ReadFrom(handle);
 }
 
+FileIdentity IdentityOf(std::FILE* file) {
+  auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (GetFileInformationByHandle(handle, &found) == FALSE) {
+    return {};
+  }
+  const auto joined = [](DWORD high, DWORD low) {
+    return static_cast<std::uint64_t>(high) << 32 | low;
+  };
+  return {found.dwVolumeSerialNumber, joined(found.nFileIndexHigh, found.nFileIndexLow),
+          joined(found.nFileSizeHigh, found.nFileSizeLow),
+          static_cast<std::int64_t>(
+              joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)),
+          0};
+}
+
 #else
 
 bool FileExists(const char* name) {
@@ -106,6 +122,15 @@ std::FILE* OpenForReading(const char* name) {
     close(descriptor);
   }
   return file;
+}
+
+FileIdentity IdentityOf(std::FILE* file) {
+  struct stat found = {};
+  if (fstat(fileno(file), &found) != 0) {
+    return {};
+  }
+  return {found.st_dev, found.st_ino, static_cast<std::uint64_t>(found.st_size),
+          found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
 }
 
 #endif

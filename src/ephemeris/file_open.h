@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 
 namespace zenithor {
@@ -15,5 +16,23 @@ bool FileExists(const char* name);
 // that has just been renamed into its place opens, too. Programs that the host starts do not
 // inherit it.
 std::FILE* OpenForReading(const char* name);
+
+// Which file is open, and in what state: another one under the same name has another identity, one
+// that was written to since another size or time. All zero for none, and where the system does not
+// tell.
+struct FileIdentity {
+  std::uint64_t volume = 0;
+  std::uint64_t file = 0;
+  std::uint64_t size = 0;    // [bytes]
+  std::int64_t seconds = 0;  // of the last change, as the system counts it
+  std::int64_t fraction = 0;
+};
+
+inline bool operator==(const FileIdentity& a, const FileIdentity& b) {
+  return a.volume == b.volume && a.file == b.file && a.size == b.size && a.seconds == b.seconds &&
+         a.fraction == b.fraction;
+}
+
+FileIdentity IdentityOf(std::FILE* file);
 
 }  // namespace zenithor

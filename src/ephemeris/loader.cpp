@@ -65,6 +65,14 @@ void SetEphemerisFolder(EphemerisStore& store, const char* prefix) {
   store.path_prefix = prefix == nullptr ? "" : HeapCopy(prefix);
 }
 
+void FreeBodies(EphemerisStore& store) {
+  for (BodySeries& body : store.bodies) {
+    // The tracks lie in the same block.
+    std::free(const_cast<SeriesTerm*>(body.terms));
+    body = {};
+  }
+}
+
 LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_name,
                           const char* data_name) {
   if (slot < 0 || slot >= kSlotCount) {
@@ -73,6 +81,7 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   BodySeries& body = store.bodies[slot];
   body = {};
 
+  store.index_file = store.data_file = {};
   store.index_stream = OpenJoined(store.path_prefix, index_name);
   if (store.index_stream == nullptr) {
     return LoadStatus::kNoIndexFile;
@@ -82,6 +91,8 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   if (store.data_stream == nullptr) {
     return LoadStatus::kNoDataFile;
   }
+  store.index_file = IdentityOf(store.index_stream);
+  store.data_file = IdentityOf(store.data_stream);
 
   BodyIndexRecord& record = body.index;
   if (std::fseek(store.index_stream, slot * static_cast<long>(sizeof record), SEEK_SET) == 0) {

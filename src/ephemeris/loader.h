@@ -19,6 +19,9 @@ enum class LoadStatus : std::int32_t {
 // is the empty prefix.
 void SetEphemerisFolder(EphemerisStore& store, const char* prefix);
 
+// Releases what is loaded: for whoever loads again and has handed out nothing of it.
+void FreeBodies(EphemerisStore& store);
+
 // Loads one slot (0 to 8). The names are joined to the store's prefix; on Windows they are taken in
 // the ANSI code page, or in UTF-8 where no file has the ANSI name. The rest of a block that the
 // data file is too short for is zero, and so is an index record beyond the end of the index file.

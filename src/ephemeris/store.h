@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "ephemeris/file_open.h"
 #include "ephemeris/term_tracks.h"
 
 namespace zenithor {
@@ -51,6 +52,8 @@ struct EphemerisStore {
   const char* path_prefix = "";
   std::FILE* index_stream = nullptr;  // meaningful only during a load
   std::FILE* data_stream = nullptr;
+  FileIdentity index_file;  // those that the latest load of a slot opened
+  FileIdentity data_file;
 };
 
 inline bool IsLoaded(const EphemerisStore& store, int slot) {

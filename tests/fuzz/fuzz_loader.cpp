@@ -97,8 +97,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(zenithor::EvaluateSeries(store, slot, 0.25));
   }
   // A process never gives its terms back; a fuzzer has to.
-  for (const zenithor::BodySeries& body : store.bodies) {
-    std::free(const_cast<zenithor::SeriesTerm*>(body.terms));
-  }
+  zenithor::FreeBodies(store);
   return 0;
 }

@@ -7,6 +7,7 @@
 # build/wine. Any other program gets DIR/share as XDG_DATA_HOME.
 #   --archive DIR    where the two data files are copied from
 #   --files WHICH    which of them the profile holds: both (the default), index, data, none
+#   --cut BYTES      the data file ends after so many bytes
 #   --user NAME      the name of the profile folder (Windows)
 #   --no-desktop     the profile lacks its Desktop folder, where Wine's shell finds no folder at all
 #   --screen         gives the program a virtual screen of its own; without this it has none
@@ -24,11 +25,12 @@ here=$(cd "$(dirname "$0")" && pwd)
 directory=$1
 shift
 archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home=''
-home_is='' data_home_is=unset
+home_is='' data_home_is=unset cut=''
 while [ "$1" != -- ]; do
   case $1 in
     --archive) archive=$2; shift ;;
     --files) files=$2; shift ;;
+    --cut) cut=$2; shift ;;
     --user) user=$2; shift ;;
     --opens) opens=$2; shift ;;
     --warnings) warnings=$2; shift ;;
@@ -112,6 +114,7 @@ for file in $copied; do
   fi
   cp "$archive/$file" "$data"
 done
+[ -z "$cut" ] || truncate --size "$cut" "$data/karvo.dat"
 
 screen_process=''
 leave() {

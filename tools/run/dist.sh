@@ -14,7 +14,7 @@ cp out/win32/{zenithor.dll,libzenithor.dll.a,zenithor.lib,almanac.exe} "$staging
 cp out/win64/{zenithor_values.dll,libzenithor_values.dll.a,zenithor_values.lib} "$staging/win64/"
 cp out/win64/{zenithor.dll,libzenithor.dll.a,zenithor.lib} "$staging/win64/"
 cp out/linux/libzenithor{,_values}.so "$staging/linux/"
-cp out/data/archive/karvo.{ndx,dat} "$staging/data/archive/"
+cp out/data/archive/{karvo.ndx,karvo.dat,manifest.json} "$staging/data/archive/"
 cp docs/*.md "$staging/docs/"
 cp packaging/sdk-readme.txt "$staging/README.txt"
 # The same archive from the same files: names in order, one date for all.
