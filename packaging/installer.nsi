@@ -4,6 +4,8 @@
 ;   setup.exe /S [/D=folder]   installs without a window
 
 Unicode true
+!include LogicLib.nsh
+!define REPLACE_NOW 9 ; MOVEFILE_REPLACE_EXISTING, MOVEFILE_WRITE_THROUGH
 Name "Zenithor ${VERSION}"
 OutFile "${OUT}/dist/zenithor-setup-${VERSION}.exe"
 RequestExecutionLevel user
@@ -23,6 +25,26 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
+; Renames NAME.new in the output folder to NAME, over what has that name. A program that is reading the
+; file just now makes that fail: tried for two seconds, and then for as long as somebody says so.
+!macro PutInPlace NAME
+  StrCpy $1 0
+  ${Do}
+    System::Call 'kernel32::MoveFileExW(w "$OUTDIR\${NAME}.new", w "$OUTDIR\${NAME}", i ${REPLACE_NOW}) i .r0'
+    ${If} $0 <> 0
+      ${ExitDo}
+    ${EndIf}
+    Sleep 50
+    IntOp $1 $1 + 1
+    ${If} $1 > 40
+      MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$OUTDIR\${NAME} is in use and cannot be replaced." \
+        /SD IDCANCEL IDRETRY +2
+      Abort "$OUTDIR\${NAME} could not be replaced."
+      StrCpy $1 0
+    ${EndIf}
+  ${Loop}
+!macroend
+
 Section "Zenithor"
   SetShellVarContext current
   SetOutPath "$INSTDIR"
@@ -38,10 +60,15 @@ Section "Zenithor"
   SetOutPath "$INSTDIR\docs"
   File "${SOURCE}/docs/host-guide.md"
   File "${SOURCE}/docs/deliberate.md"
-  ; $APPDATA is the user's roaming application-data folder.
+  ; $APPDATA is the user's roaming application-data folder. Programs may be reading the files: each
+  ; is written beside its name and put in place in one step, the data first.
   SetOutPath "$APPDATA\tavvin_files\archive"
-  File "${OUT}/data/archive/karvo.ndx"
-  File "${OUT}/data/archive/karvo.dat"
+  File "/oname=karvo.dat.new" "${OUT}/data/archive/karvo.dat"
+  File "/oname=karvo.ndx.new" "${OUT}/data/archive/karvo.ndx"
+  File "/oname=manifest.json.new" "${OUT}/data/archive/manifest.json"
+  !insertmacro PutInPlace "karvo.dat"
+  !insertmacro PutInPlace "karvo.ndx"
+  !insertmacro PutInPlace "manifest.json"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKCU "Software\Zenithor" "InstallDir" "$INSTDIR"
   WriteRegStr HKCU "${UNINSTALL}" "DisplayName" "Zenithor ${VERSION}"
@@ -54,6 +81,7 @@ Section "Uninstall"
   SetShellVarContext current
   Delete "$APPDATA\tavvin_files\archive\karvo.ndx"
   Delete "$APPDATA\tavvin_files\archive\karvo.dat"
+  Delete "$APPDATA\tavvin_files\archive\manifest.json"
   RMDir "$APPDATA\tavvin_files\archive"
   RMDir "$APPDATA\tavvin_files"
   Delete "$INSTDIR\zenithor.dll"
