@@ -15,6 +15,7 @@ namespace zenithor::almanac {
 void AddTodayCommand(CLI::App& program, Session& session);
 void AddEventsCommand(CLI::App& program, Session& session);
 void AddRiseCommand(CLI::App& program, Session& session);
+void AddDoctorCommand(CLI::App& program, Session& session);
 void AddCheckCommand(CLI::App& program, Session& session);
 
 }  // namespace zenithor::almanac

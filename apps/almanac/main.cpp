@@ -70,7 +70,8 @@ int Run(int argument_count, char** arguments) {
   program.require_subcommand(0, 1);
   program.allow_windows_style_options(false);  // /folder/file is a path on Windows, too
   program.fallthrough();                       // --library may stand behind the command, too
-  for (const auto add : {AddTodayCommand, AddEventsCommand, AddRiseCommand, AddCheckCommand}) {
+  for (const auto add :
+       {AddTodayCommand, AddEventsCommand, AddRiseCommand, AddDoctorCommand, AddCheckCommand}) {
     add(program, session);
   }
   std::vector<std::string> words(arguments + 1, arguments + argument_count);

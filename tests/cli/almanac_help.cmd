@@ -1,5 +1,5 @@
 # What the program and each command say of themselves.
 $ALMANAC --help
-for command in today events rise check; do
+for command in today events rise doctor check; do
   $ALMANAC $command --help
 done

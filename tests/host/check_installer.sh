@@ -1,7 +1,8 @@
 #!/bin/bash
 # Runs the installer without a window where other data files are in place and a program is reading one
-# of them: what is in place afterwards are the installer's files and their manifest, and nothing of the
-# way there. Where the program never lets go, the installer fails and the old files stay.
+# of them: what is in place afterwards are the installer's files and their manifest, nothing of the way
+# there, and the almanac's doctor is content. Where the program never lets go, the installer fails and
+# the old files stay.
 #   check_installer.sh MAKENSIS SOURCE OUT IN_USE_HOST DIR
 set -eu
 makensis=$1 source=$2 out=$3 in_use=$4 directory=$5
@@ -32,6 +33,8 @@ for file in karvo.ndx karvo.dat manifest.json; do
 done
 [ "$(ls "$archive" | LC_ALL=C sort | xargs)" = 'karvo.dat karvo.ndx manifest.json' ] ||
   { echo "check_installer: left beside the files: $(ls "$archive" | xargs)" >&2; exit 1; }
+ZENITHOR_WINEPREFIX=$directory "$here/../../tools/run/under_wine.sh" "$out/win32/almanac.exe" doctor
+WINEPREFIX=$directory wineserver --kill || true
 install 15000 --exit 2
 cmp "$old/karvo.ndx" "$archive/karvo.ndx"
 cmp "$old/karvo.dat" "$archive/karvo.dat"

@@ -8,10 +8,10 @@ set -eu
 root=$(cd "$(dirname "$0")/../.." && pwd)
 data=$root/out/data/archive
 
-# put FOLDER: the two files into FOLDER, where they are not there already.
+# put FOLDER: the two files and their manifest into FOLDER, where they are not there already.
 put() {
   mkdir -p "$1"
-  for file in karvo.ndx karvo.dat; do
+  for file in karvo.dat karvo.ndx manifest.json; do
     if [ ! -f "$data/$file" ]; then
       echo "$data/$file is missing; make data builds it" >&2
       exit 1

@@ -5,7 +5,7 @@
 #include "failure.h"
 #include "sha256.h"
 
-namespace zenithor::karvo {
+namespace zenithor {
 
 namespace {
 
@@ -61,4 +61,4 @@ Manifest ParseManifest(const std::string& path, const std::string& text) {
   }
 }
 
-}  // namespace zenithor::karvo
+}  // namespace zenithor

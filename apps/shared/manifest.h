@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace zenithor::karvo {
+namespace zenithor {
 
 // manifest.json beside the two files: what they must be, and what they were compiled from.
 
@@ -36,4 +36,4 @@ std::string ManifestText(const Manifest& manifest);
 // Throws Failure, naming `path`, for text that is not a manifest.
 Manifest ParseManifest(const std::string& path, const std::string& text);
 
-}  // namespace zenithor::karvo
+}  // namespace zenithor
