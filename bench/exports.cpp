@@ -9,6 +9,7 @@
 // library's flags. On Linux, libnova's apparent place of Mars from the full VSOP87 is another.
 
 #define ZENITHOR_LOADER
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -164,6 +165,24 @@ void TimeEvents(const Bench& bench) {
   row("TOTAL_LE", [&](int k) { sink = z.TOTAL_LE(step(k), &record); });
 }
 
+// Searches for an eclipse of the Sun from days that are no days, of which none is found: from Unix
+// milliseconds, from Unix microseconds, and from where the longest are.
+void TimeHopelessSearches(const Bench& bench) {
+  EventRecord record{};
+  double longest = 0.0;  // [microseconds]
+  for (const double day : {1.7637696e12, 1.7637696e15, 1e11, 6.94e11, 1e13, 1.23e15}) {
+    const Contestant search = [&](int call) {
+      sink = bench.library.ALL_SE(day + call, 0.0, 0.0, &record);
+    };
+    const double time = TimeInTurn({search}, 11)[0];
+    std::printf("ALL_SE(%-10g) %23.0f\n", day, time);
+    longest = std::max(longest, time);
+  }
+  constexpr double kMostMilliseconds = sizeof(void*) == 4 ? 20.0 : 5.0;
+  std::printf("longest hopeless search: %.1f milliseconds, goal %.0f, %s\n", longest / 1000.0,
+              kMostMilliseconds, longest / 1000.0 < kMostMilliseconds ? "reached" : "MISSED");
+}
+
 void TimeRising(const Bench& bench) {
   std::printf("\n%-28s %10s %10s %8s\n", "GEO_RISE, one time", "plain", "library", "ratio");
   const auto day = [](int call) { return 14000.0 + call % 10000; };
@@ -236,6 +255,7 @@ int Main(int argc, char** argv) {
   TimePositions(bench);
   TimePositionState();
   TimeEvents(bench);
+  TimeHopelessSearches(bench);
   TimeRising(bench);
   TimeTerms(bench.store, "series sums, full data");
   if (argc > 3) {

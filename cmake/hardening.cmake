@@ -10,4 +10,8 @@ if(NOT WIN32)
     list(APPEND guards -fcf-protection=full)
   endif()
 endif()
+# tools/run/hardening_cost.sh counts what each of them costs.
+if(DEFINED ZENITHOR_GUARDS)
+  set(guards ${ZENITHOR_GUARDS})
+endif()
 target_compile_options(zenithor_library_flags INTERFACE ${guards})

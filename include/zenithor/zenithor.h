@@ -12,8 +12,8 @@
  *   - 0.0 means "no answer": the record is untouched, or (event functions) the block read back was
  *     not filled by this call.
  *   - Any number of threads may call at once; each gets the answers that a lone caller gets.
- *   - A call from a signal or exception handler that interrupted a call on the same thread is
- *     answered rightly, too, but this is no use the library is made for: see the host guide.
+ *   - A call from a signal or exception handler that interrupted a call on the same thread is not
+ *     supported. Both are answered rightly all the same; the host guide says what may go wrong.
  *   - A call needs ZENITHOR_STACK_BYTES of stack. It never ends the process for want of memory.
  *   - The caller's processor state does not matter. x87 control word, MXCSR, direction flag and
  *     errno come back as they were; the x87 register stack comes back empty (but for the result)

@@ -1,8 +1,8 @@
 /* What the longest calls take: searches for eclipses from days that are no days (Unix milliseconds,
  * file times, powers of ten), and risings that do not settle. Each search says 0.0 and zeroes its
- * blocks, or has an answer. A search is to take below 5 ms of processor time natively and below 20
- * ms in the 32-bit DLL; the check allows a busy machine three times that. With a million lunations
- * for a limit it would take ten times more.
+ * blocks, or has an answer; a phase of the Moon from such a day always has one. A search is to take
+ * below 5 ms of processor time natively and below 20 ms in the 32-bit DLL; the check allows a busy
+ * machine three times that. With a million lunations for a limit it would take ten times more.
  *
  *   longest_calls LIBRARY */
 
@@ -75,6 +75,20 @@ static double SearchFromAfar(const FoundExport* export_) {
   return longest;
 }
 
+/* A phase is answered for every finite day, also where lunations cannot be counted any more. */
+static void PhaseFromAfar(const FoundExport* export_) {
+  static const double days[] = {1763769600000.0, -1e12, 2.66e17, -2.7e17, 5e17, 1e18, 1e40, -1e60};
+  for (size_t d = 0; d < sizeof days / sizeof days[0]; ++d) {
+    ExportArguments arguments = OrdinaryArguments(export_->row, 1);
+    double blocks[kEventRecordSize / sizeof(double)];
+    arguments.doubles[0] = days[d];
+    arguments.integers[0] = export_->row->block - export_->row->first_block;
+    const double result = CallExport(export_->row, export_->entry, &arguments, blocks);
+    Check(result != 0.0 && fabs(result) < 1e300, "%s(%.17g) = %g", export_->row->name, days[d],
+          result);
+  }
+}
+
 static double RiseWithoutEnd(const FoundExport* export_) {
   double longest = 0.0;
   double unused[kEventRecordSize / sizeof(double)];
@@ -92,15 +106,20 @@ int main(int argc, char** argv) {
   int count = 0;
   double search = 0.0;
   double rising = 0.0;
+  int phases = 0;
   OpenFromArguments(argc, argv, exports, &count);
   for (int e = 0; e < count; ++e) {
     if (exports[e].row->first_block >= 8) {
       const double milliseconds = SearchFromAfar(&exports[e]);
       search = milliseconds > search ? milliseconds : search;
+    } else if (exports[e].row->first_block == 4) {
+      PhaseFromAfar(&exports[e]);
+      ++phases;
     } else if (exports[e].row->shape == kShapeRising) {
       rising = RiseWithoutEnd(&exports[e]);
     }
   }
+  Check(phases == 4, "%d phases", phases);
   printf("the longest search took %.1f ms, the longest rising %.1f ms\n", search, rising);
   return Verdict("longest_calls");
 }
