@@ -141,7 +141,8 @@ void TimePositionState() {
   constexpr int kLookups = 100;
   const std::vector<double> times = TimeInTurn({[](int) {
     for (int k = 0; k < kLookups; ++k) {
-      sink = FindThreadState()->position.moment.oldest_place;
+      CallState state;
+      sink = state.Get().moment.oldest_place;
     }
   }});
   std::printf("the thread's own set: %.1f nanoseconds a lookup, one for each export\n\n",
