@@ -45,7 +45,8 @@ bool LoadAllSlots(EphemerisStore& store, const char* index_name, const char* dat
       index_file = store.index_file;
       data_file = store.data_file;
     }
-    same = same && index_file == store.index_file && data_file == store.data_file;
+    same = same && MayBeTheSame(index_file, store.index_file) &&
+           MayBeTheSame(data_file, store.data_file);
   }
   return same;
 }

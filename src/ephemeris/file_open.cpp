@@ -84,20 +84,27 @@ std::FILE* OpenForReading(const char* name) {
   return ReadFrom(handle);
 }
 
-FileIdentity IdentityOf(std::FILE* file) {
+FileIdentity IdentityOf(std::FILE* file, bool ask_number) {
   auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
-  BY_HANDLE_FILE_INFORMATION found = {};
-  if (GetFileInformationByHandle(handle, &found) == FALSE) {
+  LARGE_INTEGER size = {};
+  FILETIME written = {};
+  if (GetFileSizeEx(handle, &size) == FALSE ||
+      GetFileTime(handle, nullptr, nullptr, &written) == FALSE) {
     return {};
   }
   const auto joined = [](DWORD high, DWORD low) {
     return static_cast<std::uint64_t>(high) << 32 | low;
   };
-  return {found.dwVolumeSerialNumber, joined(found.nFileIndexHigh, found.nFileIndexLow),
-          joined(found.nFileSizeHigh, found.nFileSizeLow),
-          static_cast<std::int64_t>(
-              joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)),
-          0};
+  FileIdentity identity;
+  identity.size = static_cast<std::uint64_t>(size.QuadPart);
+  identity.seconds =
+      static_cast<std::int64_t>(joined(written.dwHighDateTime, written.dwLowDateTime));
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (ask_number && GetFileInformationByHandle(handle, &found) != FALSE) {
+    identity.volume = found.dwVolumeSerialNumber;
+    identity.file = joined(found.nFileIndexHigh, found.nFileIndexLow);
+  }
+  return identity;
 }
 
 #else
@@ -124,7 +131,7 @@ std::FILE* OpenForReading(const char* name) {
   return file;
 }
 
-FileIdentity IdentityOf(std::FILE* file) {
+FileIdentity IdentityOf(std::FILE* file, bool /*ask_number*/) {
   struct stat found = {};
   if (fstat(fileno(file), &found) != 0) {
     return {};

@@ -22,17 +22,21 @@ std::FILE* OpenForReading(const char* name);
 // tell.
 struct FileIdentity {
   std::uint64_t volume = 0;
-  std::uint64_t file = 0;
+  std::uint64_t file = 0;    // the system's number of it; 0 where it was not asked for
   std::uint64_t size = 0;    // [bytes]
   std::int64_t seconds = 0;  // of the last change, as the system counts it
   std::int64_t fraction = 0;
 };
 
-inline bool operator==(const FileIdentity& a, const FileIdentity& b) {
-  return a.volume == b.volume && a.file == b.file && a.size == b.size && a.seconds == b.seconds &&
-         a.fraction == b.fraction;
+// Size and time must agree, and the numbers where both are known.
+inline bool MayBeTheSame(const FileIdentity& a, const FileIdentity& b) {
+  const bool numbers_known = a.file != 0 && b.file != 0;
+  return a.size == b.size && a.seconds == b.seconds && a.fraction == b.fraction &&
+         (!numbers_known || (a.volume == b.volume && a.file == b.file));
 }
 
-FileIdentity IdentityOf(std::FILE* file);
+// Without `ask_number` the number is left out where it costs more than the rest: Wine takes several
+// times as long for it as for opening a file.
+FileIdentity IdentityOf(std::FILE* file, bool ask_number);
 
 }  // namespace zenithor

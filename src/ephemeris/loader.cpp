@@ -91,8 +91,9 @@ LoadStatus LoadBodySeries(EphemerisStore& store, int slot, const char* index_nam
   if (store.data_stream == nullptr) {
     return LoadStatus::kNoDataFile;
   }
-  store.index_file = IdentityOf(store.index_stream);
-  store.data_file = IdentityOf(store.data_stream);
+  const bool first_or_last = slot == 0 || slot == kSlotCount - 1;
+  store.index_file = IdentityOf(store.index_stream, first_or_last);
+  store.data_file = IdentityOf(store.data_stream, first_or_last);
 
   BodyIndexRecord& record = body.index;
   if (std::fseek(store.index_stream, slot * static_cast<long>(sizeof record), SEEK_SET) == 0) {

@@ -175,6 +175,22 @@ TEST_F(LibraryLoad, ReadsAllSlotsAgainWhenAFileIsReplacedMeanwhile) {
   }
 }
 
+TEST_F(LibraryLoad, TellsAnotherFileOfTheSameSizeAndTime) {
+  before_open = [&](int number) {
+    if (number == 9) {
+      const auto time = std::filesystem::last_write_time(data_path_);
+      WriteData(data_path_ + ".new", TermsFrom(100));
+      std::filesystem::last_write_time(data_path_ + ".new", time);
+      std::filesystem::rename(data_path_ + ".new", data_path_);
+    }
+  };
+  Load();
+  EXPECT_EQ(openings, 2 * kOpeningsOfALoad);
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    EXPECT_EQ(SumStoredSeries(store_, slot, 0.0).longitude, 100.0 + slot);
+  }
+}
+
 TEST_F(LibraryLoad, ReadsAllSlotsAgainWhenTheIndexIsReplacedMeanwhile) {
   std::vector<BodyIndexRecord> records;
   for (int slot = 0; slot < kSlotCount; ++slot) {
