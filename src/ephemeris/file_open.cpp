@@ -85,7 +85,9 @@ std::FILE* OpenForReading(const char* name) {
 }
 
 FileIdentity IdentityOf(std::FILE* file, bool ask_number) {
-  auto* const handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+  // The C library keeps the handle as a number.
+  auto* const handle =
+      reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));  // NOLINT(performance-no-int-to-ptr)
   LARGE_INTEGER size = {};
   FILETIME written = {};
   if (GetFileSizeEx(handle, &size) == FALSE ||

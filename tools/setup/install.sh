@@ -35,6 +35,7 @@ steps() {
       step extra "Links with Microsoft's import library are not tested." llvm lld
       step extra "The DLL is not tested." $wine
       step extra "The DLL's message box is not tested." xvfb xdotool
+      step extra "The installer is not tested." nsis
       ;;
     bench)
       step needed "There is nothing to measure with." libbenchmark-dev libnova-dev valgrind
