@@ -2,19 +2,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 
 #include "ephemeris/store.h"
+#include "numerics/sine_cosine.h"
 #include "support/quadruple.h"
 #include "time/transforms.h"
 
 namespace zenithor::testing {
 
 // The series summed as the theory is written, one cosine per term in the stored order: what the
-// fast sum is held against. Number is double (with the C library's cosine) or Quadruple.
+// fast sum is held against. Number is double or Quadruple.
 
-inline double CosineOf(double x) { return std::cos(x); }
+inline double CosineOf(double x) { return Cosine(x); }
 inline Quadruple CosineOf(Quadruple x) { return QuadrupleCosine(x); }
 
 // L, B, R at t Julian millennia from J2000.0.

@@ -118,8 +118,7 @@ TEST(FastSum, IsNoFurtherFromAQuadruplePrecisionSumThanThePlainWalk) {
   }
 }
 
-// docs/performance.md has what was measured, half to two thirds of these limits; the plain walk
-// takes the cosines of the C library at hand.
+// docs/performance.md has what was measured, half to two thirds of these limits.
 TEST(FastSum, DiffersFromThePlainWalkByNoMoreThanIsDocumented) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
     for (int k = 0; k <= 100; ++k) {
