@@ -6,8 +6,8 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:
-.PHONY: help run test dll native data bench fuzz soak dist clean data-files \
-  setup-native setup-dll setup-run setup-test setup-bench setup-dist
+.PHONY: help run test dll native data python bench fuzz soak dist clean data-files \
+  setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-python
 
 help:
 	@echo "make run      today's places of Sun, Moon and planets, from the 32-bit DLL under Wine"
@@ -15,6 +15,7 @@ help:
 	@echo "make dll      out/win32, out/win64: zenithor.dll, zenithor_values.dll, their import libraries"
 	@echo "make native   out/linux: libzenithor.so, libzenithor_values.so, almanac, karvo"
 	@echo "make data     out/data/archive: the index and the data file"
+	@echo "make python   out/dist: the wheels of the package for Python"
 	@echo "make bench    timings, each beside its baseline"
 	@echo "make fuzz     every fuzz target, ten minutes in all"
 	@echo "make soak     a chart host for MINUTES=60, natively and in the 32-bit DLL"
@@ -40,6 +41,9 @@ data: setup-native data-files
 data-files:
 	@echo "Building the data files" && tools/run/build.sh linux data
 
+python: setup-python data-files
+	@echo "Building the libraries for Python" && tools/run/python_wheels.sh
+
 bench: setup-bench data-files
 	@tools/run/bench.sh
 
@@ -57,5 +61,5 @@ dist: setup-dist data-files
 clean:
 	@rm -rf build out && echo "Removed build/ and out/"
 
-setup-native setup-dll setup-run setup-test setup-bench setup-dist: setup-%:
+setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-python: setup-%:
 	@tools/setup/install.sh $*

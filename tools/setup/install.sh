@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs, on Debian and its relatives, what a target needs and the machine lacks.
-#   install.sh native|dll|run|test|bench|dist
+#   install.sh native|dll|run|test|bench|dist|python
 # Asks sudo once where the caller is not root. Compilers for Windows, Wine and the like are steps of
 # their own: where one cannot be had, that is said and the rest goes on. Ends with 1 where the target
 # is not possible at all, or where ZENITHOR_CI is set and anything is missing.
@@ -12,6 +12,8 @@ native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev"
 checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git"
 mingw32="g++-mingw-w64-i686"
 mingw="$mingw32 g++-mingw-w64-x86-64"
+python="python3-venv python3-numpy python3-pytest python3-hypothesis"
+python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
 
 # What the target needs, as steps: step KIND SENTENCE PACKAGE...
@@ -36,6 +38,8 @@ steps() {
       step extra "The DLL is not tested." $wine
       step extra "The DLL's message box is not tested." xvfb xdotool
       step extra "The installer is not tested." nsis
+      step extra "The package for Python is not tested." $python
+      step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       ;;
     bench)
       step needed "There is nothing to measure with." libbenchmark-dev libnova-dev valgrind
@@ -47,8 +51,11 @@ steps() {
       step needed "There is no zenithor.lib for Microsoft's linker." llvm
       step extra "There is no installer." nsis
       ;;
+    python)
+      step extra "There are no wheels for Windows." $mingw
+      ;;
     *)
-      echo "install.sh: native, dll, run, test, bench or dist, not \"$target\"" >&2
+      echo "install.sh: native, dll, run, test, bench, dist or python, not \"$target\"" >&2
       exit 1
       ;;
   esac
