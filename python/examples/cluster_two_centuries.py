@@ -25,9 +25,9 @@ FIELDS = ["helio_longitude", "declination"]  # each body has at least one of the
 
 
 def written(folder, csv):
-    """How many blocks are there."""
-    pattern = "places/*.csv" if csv else "places.zarr/*.0.0"
-    return sum(1 for _ in folder.glob(pattern))
+    """How many blocks are there: files, but for those that describe the array."""
+    files = (folder / ("places" if csv else "places.zarr")).rglob("*")
+    return sum(path.is_file() and path.name[0] != "." and path.name != "zarr.json" for path in files)
 
 
 def lose_a_worker(client, folder, blocks, csv):
@@ -50,7 +50,7 @@ def compute(folder, start, end, workers, csv=False, lose=False, block_size=None)
     blocks = lazy.npartitions
     lost_at = None
     with tempfile.TemporaryDirectory() as scratch, LocalCluster(
-        n_workers=workers, threads_per_worker=1, processes=True, dashboard_address=None, local_directory=scratch
+        n_workers=workers, threads_per_worker=1, processes=True, dashboard_address=":0", local_directory=scratch
     ) as cluster, Client(cluster) as client:
         client.wait_for_workers(workers)
         client.run(__import__, "zenithor.dask")

@@ -107,7 +107,7 @@ def libraries():
         "zenithor_values" in line and line.split()[2] == "00000000" for line in maps)
 
 if __name__ == "__main__":
-    with LocalCluster(n_workers=2, threads_per_worker=2, processes=True, dashboard_address=None) as cluster:
+    with LocalCluster(n_workers=2, threads_per_worker=2, processes=True, dashboard_address=":0") as cluster:
         with Client(cluster) as client:
             zenithor.dask.positions("moon", "2026-01-01", "2026-02-01", block_size=20).compute()
             for paths, mappings in client.run(libraries).values():

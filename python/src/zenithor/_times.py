@@ -49,16 +49,17 @@ def _leap_periods() -> Tuple[FloatArray, FloatArray]:
 def clock_to_dynamical(days: FloatArray) -> FloatArray:
     """``ZenithorClockToDynamical`` of each day, to the bit."""
     flat = days.ravel()
-    answers = np.empty_like(flat)
+    answers = np.full_like(flat, np.nan)
     plain = (flat >= _FIRST_LEAP_PERIOD) & (flat <= 1e8)
     if plain.any():
         starts, seconds = _leap_periods()
         chosen = flat[plain]
         periods = np.searchsorted(starts, chosen, side="right") - 1
         answers[plain] = chosen + seconds[periods] / 86400.0
-    if not plain.all():
+    other = ~plain & ~np.isnan(flat)
+    if other.any():
         convert = LIBRARY.ClockToDynamical
-        answers[~plain] = [convert(day) for day in flat[~plain].tolist()]
+        answers[other] = [convert(day) for day in flat[other].tolist()]
     return answers.reshape(days.shape)
 
 
@@ -237,8 +238,8 @@ def datetime64(julian_days: Any, *, scale: str = "utc") -> Any:
     ``datetime64`` do not reach.
 
     >>> import zenithor
-    >>> zenithor.datetime64(2451545.0)
-    numpy.datetime64('2000-01-01T11:58:55.816')
+    >>> print(zenithor.datetime64(2451545.0))
+    2000-01-01T11:58:55.816
     """
     _check_scale(scale)
     days = np.asarray(julian_days, dtype=np.float64)
