@@ -83,6 +83,13 @@ def test_centuries_are_searched_one_after_another():
     assert np.array_equal(zenithor.stations("mercury", start, end).julian_day, buffer[:count])
 
 
+def test_what_happens_where_two_centuries_meet_is_found_once():
+    turn = zenithor.stations("mercury", "2026", "2027").julian_day[2]
+    for shift in (0.0, 1e-9, -1e-9, 5e-4, -5e-4):
+        found = zenithor.stations("mercury", turn - 36525.0 + shift, turn + 30).julian_day
+        assert (found == turn).sum() == 1
+
+
 def test_no_capacity_is_too_small():
     """Every hour of a year is a crossing of the calendar's minute."""
     found = zenithor.crossings("sun", "minute", 30, 2451544.5, 2451644.5)
