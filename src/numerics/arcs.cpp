@@ -41,7 +41,7 @@ Pair ArctangentOfSides(double y, double x) {
                                  z * (-1.0 / 15.0 + z * (1.0 / 17.0 + z * (-1.0 / 19.0))))))));
     return {q, rest + q * z * series};
   }
-  const int step = static_cast<int>(q * kStepsPerUnit + 0.5);
+  const int step = (static_cast<int>(q * (2.0 * kStepsPerUnit)) + 1) / 2;
   const double c = step / kStepsPerUnit;
   const Pair halves = SplitInHalves(x);
   const double t = ((y - c * halves.high) - c * halves.low) / (x + c * y);
