@@ -23,6 +23,18 @@ struct AspectWalk {
   AspectSide sides[2];
 };
 
+// [day] Some four roundings of a Julian day: contacts that never lie farther apart are one.
+constexpr double kOneMoment = 2e-9;
+
+// The angle, or 0 or 180 where its two sides could not be told from each other.
+double WithoutRounding(double angle, bool longitude, double greatest_rate) {
+  const double least = kOneMoment * greatest_rate;
+  if (std::fabs(angle) < least) {
+    return 0.0;
+  }
+  return longitude && 180.0 - std::fabs(angle) < least ? 180.0 : angle;
+}
+
 void Advance(AspectSide& side) { side.has_next = NextRoot(side.roots, side.next); }
 
 std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, PositionState& state,
@@ -43,10 +55,11 @@ std::int32_t BeginAspects(AspectWalk& walk, const SearchStores& stores, Position
   if (!IsDayOfSpan(from) || !IsDayOfSpan(to)) {
     return ZENITHOR_ERROR_SPAN;
   }
-  const double reduced = longitude ? std::remainder(angle, 360.0) : angle;
-  const bool both_sides_are_one = reduced == 0.0 || (longitude && std::fabs(reduced) == 180.0);
   MakePair(stores, state, body, other, field, walk.sources);
   const FieldBounds bounds = BoundsOfDifference(*a, *b);
+  const double reduced = WithoutRounding(longitude ? std::remainder(angle, 360.0) : angle,
+                                         longitude, GreatestRate(bounds));
+  const bool both_sides_are_one = reduced == 0.0 || (longitude && reduced == 180.0);
   walk.sides[1].has_next = false;
   for (int side = 0; side < (both_sides_are_one ? 1 : 2); ++side) {
     const RootProblem problem =

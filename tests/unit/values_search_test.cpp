@@ -328,6 +328,30 @@ TEST(Aspects, AreThoseOfAFineScan) {
 
 // The great conjunction of 2020 December 21, 18:20 UT (18:22 TT), at 0.49 degrees of Aquarius; the
 // three squares of Saturn and Uranus of 2021: February 17, June 14, December 24.
+// An angle that is 0 or 180 but for rounding has no second side.
+TEST(Aspects, HaveOneSideWhereAnAngleIsNoneButForRounding) {
+  constexpr double kFrom = 1250630.5;
+  constexpr double kTo = 1250717.5;
+  for (const double whole : {0.0, 180.0}) {
+    double expected[4];
+    const int count = FindAspects(Stores(), State(), ZENITHOR_MOON, ZENITHOR_SUN, 4, whole, kFrom,
+                                  kTo, expected, nullptr, 4);
+    ASSERT_GE(count, 2);
+    ASSERT_LE(count, 4);
+    for (const double off : {-5.3e-315, 2.8e-16, -1e-13, 1e-10}) {
+      double days[4];
+      std::int32_t directions[4];
+      ASSERT_EQ(FindAspects(Stores(), State(), ZENITHOR_MOON, ZENITHOR_SUN, 4, whole + off, kFrom,
+                            kTo, days, directions, 4),
+                count)
+          << off;
+      for (int k = 0; k < count; ++k) {
+        EXPECT_EQ(days[k], expected[k]);
+      }
+    }
+  }
+}
+
 TEST(Aspects, FindsKnownOnes) {
   const std::vector<Moment> great = Aspects(5, 6, 101, 0.0, 2459000.5, 2459500.5);
   ASSERT_EQ(great.size(), 1u);
