@@ -54,7 +54,7 @@ Spherical InFk5(Spherical place, double t) {
   return place;
 }
 
-// Term after term with the C library's cosine: for terms and times that the fast sum does not take.
+// Term after term: for terms and times that the fast sum does not take.
 void SumPlainly(const BodySeries& body, double t, double (&sums)[kSeriesCount]) {
   const SeriesTerm* term = body.terms;
   // Single counts that disagree with their sum never lead past the block.

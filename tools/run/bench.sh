@@ -16,6 +16,9 @@ ln -sfn "$root/$archive" build/bench/profile/tavvin_files/archive
 XDG_DATA_HOME=$root/build/bench/profile build/linux/bench/bench_exports \
   out/linux/libzenithor.so $archive $compact
 echo
+tools/run/build.sh linux bench_elementary
+build/linux/bench/bench_elementary
+echo
 if tools/run/build.sh linux bench_series 2>/dev/null; then
   build/linux/bench/bench_series --benchmark_min_time=0.3 2>/dev/null
 fi
@@ -37,6 +40,8 @@ if [ -n "$(tools/setup/presets.sh win32)" ]; then
   mkdir -p "$folder"
   cp -u $archive/karvo.* "$folder/"
   tools/run/under_wine.sh build/win32/bench/bench_exports.exe out/win32/zenithor.dll $archive $compact
+  tools/run/build.sh win32 bench_elementary
+  tools/run/under_wine.sh build/win32/bench/bench_elementary.exe
 else
   echo "The 32-bit DLL needs MinGW and Wine, so it is not timed here." >&2
 fi
