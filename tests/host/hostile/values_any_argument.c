@@ -7,11 +7,12 @@
 
 #include "values_hostile.h"
 
-enum { kRandomCalls = 200, kRandomSearches = 8, kHostsErrno = 12345 };
+enum { kRandomCalls = 200, kRandomSearches = 4, kHostsErrno = 12345 };
 /* [s] of processor time. A search that finds nothing in all the searchable years has taken up to 10
  * s (the Moon's field 15, Pluto's daily motions); what is looked for here is a call without an end.
  */
 static const double kLongestCall = 60.0;
+static const double kLongAgain = 0.3; /* what takes longer is not asked again */
 static double longest;
 
 static void CheckAny(int function, const ValueArguments* arguments) {
@@ -23,10 +24,12 @@ static void CheckAny(int function, const ValueArguments* arguments) {
   const int errno_after = errno;
   const double seconds = ProcessorSeconds() - start;
   longest = seconds > longest ? seconds : longest;
-  CallValue(function, arguments, &second);
   Check(seconds < kLongestCall, "function %d: %.1f s", function, seconds);
   Check(errno_after == kHostsErrno, "function %d: errno %d", function, errno_after);
-  Check(SameValueAnswer(&first, &second), "function %d: other bits again", function);
+  if (seconds < kLongAgain) {
+    CallValue(function, arguments, &second);
+    Check(SameValueAnswer(&first, &second), "function %d: other bits again", function);
+  }
   Check(BytesOutside(function, arguments, &first) == 0, "function %d: bytes outside", function);
 }
 

@@ -61,6 +61,9 @@ static inline ValueArguments OrdinaryValueArguments(int function, uint64_t seed)
   a.nulls = 0;
   if (function >= 24 && function <= 32) {
     static const int32_t kFields[] = {101, 101, 4, 1, 8};
+    if (function >= 30) { /* searches to the last day: from the last two centuries */
+      a.doubles[0] = RandomBetween(&state, ZENITHOR_LAST_DAY - 73000.0, ZENITHOR_LAST_DAY);
+    }
     a.integers[1] = kFields[NextRandom(&state) % 5u];
     a.doubles[1] = a.doubles[0] + RandomBetween(&state, 0.0, 700.0);
     a.doubles[2] = RandomBetween(&state, 0.0, 360.0);
