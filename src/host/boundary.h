@@ -1,16 +1,19 @@
 #pragma once
 
-#include <cerrno>
-#include <cstdint>
 #include <type_traits>
 
-#if !defined(__GNUC__) || !(defined(__i386__) || defined(__x86_64__))
-#error "The host boundary is written for GCC and Clang on x86"
+#if defined(__GNUC__) && (defined(__i386__) || defined(__x86_64__))
+#include "host/processor_x86.h"
+#elif defined(__GNUC__) && defined(__aarch64__)
+#include "host/processor_arm64.h"
+#else
+#error "The host boundary is written for GCC and Clang on x86 and on 64-bit ARM"
 #endif
 
 // Functions that a host calls directly may find the stack misaligned; SSE2 code needs 16. On 64-bit
-// Windows the unwinder requires the alignment of every caller, and the compiler has no remedy.
-#if defined(_WIN64)
+// Windows the unwinder requires the alignment of every caller, and the compiler has no remedy;
+// 64-bit ARM traps where it is not given.
+#if defined(_WIN64) || defined(__aarch64__)
 #define ZENITHOR_ENTRY
 #else
 #define ZENITHOR_ENTRY __attribute__((force_align_arg_pointer))
@@ -31,69 +34,8 @@ namespace zenithor {
 // x87 control word, MXCSR (its flags included), direction flag and errno are back to the bit, and
 // no x87 exception flag is set or pending.
 //
-// Inline instructions rather than <cfenv>: the latter costs microseconds a call where it asks
-// CPUID.
-struct HostState {
-  std::uint16_t x87_control_word;
-  std::uint32_t mxcsr;
-  bool counts_down;
-  int error_number;  // the mathematics of the C library sets errno
-};
-
-// fninit clobbers the whole register stack. The clobbers keep the compiler from holding anything
-// there across the instruction.
-#define ZENITHOR_X87_REGISTERS_BELOW_TOP \
-  "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)"
-
-// None of these instructions raises what the host left pending: fnstcw and fninit do not wait, and
-// fninit drops it.
-inline HostState EnterLibrary() {
-  constexpr std::uint32_t kDirectionFlag = 0x400;
-  const std::uint32_t library_mxcsr = 0x1F80;  // all exceptions masked, round to nearest
-  HostState host;
-#if defined(__x86_64__)
-  host.counts_down = (__builtin_ia32_readeflags_u64() & kDirectionFlag) != 0;
-#else
-  host.counts_down = (__builtin_ia32_readeflags_u32() & kDirectionFlag) != 0;
-#endif
-  asm volatile(
-      "cld\n\t"
-      "fnstcw %0\n\t"
-      "stmxcsr %1\n\t"
-      "fninit\n\t"
-      "ldmxcsr %2"
-      : "=m"(host.x87_control_word), "=m"(host.mxcsr)
-      : "m"(library_mxcsr)
-      : "memory", "cc", "st", ZENITHOR_X87_REGISTERS_BELOW_TOP);
-  host.error_number = errno;
-  return host;
-}
-
-// `result` stays in the register in which it came and goes back to the host, st(0) on 32-bit: a
-// load after the exception flags are cleared would raise them again for a denormal number, and trap
-// in a host that has unmasked them.
-inline void LeaveLibrary(const HostState& host, double& result) {
-  errno = host.error_number;
-#if defined(__i386__)
-#define ZENITHOR_RESULT_REGISTER "+t"
-#define ZENITHOR_X87_CLOBBERS ZENITHOR_X87_REGISTERS_BELOW_TOP
-#else
-#define ZENITHOR_RESULT_REGISTER "+x"
-#define ZENITHOR_X87_CLOBBERS "st", ZENITHOR_X87_REGISTERS_BELOW_TOP
-#endif
-  asm volatile(
-      "fnclex\n\t"
-      "fldcw %1\n\t"
-      "ldmxcsr %2"
-      : ZENITHOR_RESULT_REGISTER(result)
-      : "m"(host.x87_control_word), "m"(host.mxcsr)
-      : "memory", ZENITHOR_X87_CLOBBERS);
-#undef ZENITHOR_RESULT_REGISTER
-#undef ZENITHOR_X87_CLOBBERS
-  if (host.counts_down) {
-    asm volatile("std" ::: "memory", "cc");
-  }
-}
+// processor_x86.h and processor_arm64.h have the instructions: EnterLibrary saves the host's state
+// and LeaveLibrary restores it.
 
 // The boundary for as long as the object stands, for code that the loader calls.
 class HostBoundary {

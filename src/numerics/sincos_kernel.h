@@ -1,6 +1,12 @@
 #pragma once
 
+#if defined(__SSE2__)
 #include <immintrin.h>
+#else
+// The same operations by other processors' instructions.
+#define SIMDE_ENABLE_NATIVE_ALIASES
+#include <simde/x86/sse2.h>
+#endif
 
 #include "numerics/sine_cosine.h"
 

@@ -4,7 +4,11 @@ namespace zenithor::testing {
 
 // Functions in IEEE quadruple precision (113 bits), for references. Slow and simple.
 
+#ifdef __SIZEOF_FLOAT128__
 __extension__ typedef __float128 Quadruple;
+#else
+typedef long double Quadruple;
+#endif
 
 // cos x by Taylor's series after the removal of whole turns; for |x| < 1e9 within 1e-23, whose
 // greatest part is that of the turn's own rounding.

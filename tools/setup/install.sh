@@ -15,6 +15,7 @@ mingw="$mingw32 g++-mingw-w64-x86-64"
 python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
+arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 
 # What the target needs, as steps: step KIND SENTENCE PACKAGE...
 # KIND is needed or extra, SENTENCE says what it means when the packages cannot be had. What a step
@@ -38,6 +39,7 @@ steps() {
       step extra "The DLL is not tested." $wine
       step extra "The DLL's message box is not tested." xvfb xdotool
       step extra "The installer is not tested." nsis
+      step extra "Nothing is tested for 64-bit ARM." $arm64
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       ;;
@@ -53,6 +55,7 @@ steps() {
       ;;
     python)
       step extra "There are no wheels for Windows." $mingw
+      step extra "There is no wheel for 64-bit ARM." g++-aarch64-linux-gnu libsimde-dev
       ;;
     *)
       echo "install.sh: native, dll, run, test, bench, dist or python, not \"$target\"" >&2
