@@ -3,7 +3,7 @@
 set -eu
 cd "$(dirname "$0")/../.."
 tools/run/build.sh linux zenithor_values
-for width in $(tools/setup/presets.sh --build win32 win64); do
-  tools/run/build.sh "$width" zenithor_values
+for preset in $(tools/setup/presets.sh --build win32 win64 arm64); do
+  tools/run/build.sh "$preset" zenithor_values
 done
 exec python3 python/wheel_builder.py
