@@ -29,32 +29,20 @@ struct Contest {
 Quadruple SineOf(double x) { return zenithor::testing::QuadrupleCosineTurned(x, 3); }
 Quadruple CosineOf(double x) { return zenithor::testing::QuadrupleCosineTurned(x, 0); }
 Quadruple TangentOf(double x) { return SineOf(x) / CosineOf(x); }
-Quadruple LegOf(double x) {
-  return zenithor::testing::QuadrupleRoot((1 - Quadruple(x)) * (1 + Quadruple(x)));
-}
-Quadruple SignedAngle(double y, Quadruple x) {
-  const Quadruple angle = zenithor::testing::QuadrupleAngle(std::fabs(y), x);
-  return y < 0.0 ? -angle : angle;
-}
-Quadruple ArctangentOf(double x) { return SignedAngle(x, 1); }
-Quadruple ArcsineOf(double x) { return SignedAngle(x, LegOf(x)); }
-Quadruple ArccosineOf(double x) {
-  return zenithor::testing::QuadrupleAngle(LegOf(x), Quadruple(x));
-}
-
 double OurAngle(double y) { return zenithor::ArctangentOfPoint(y, 0.7); }
 double TheirAngle(double y) { return std::atan2(y, 0.7); }
-Quadruple AngleOf(double y) { return SignedAngle(y, Quadruple(0.7)); }
+Quadruple AngleOf(double y) { return zenithor::testing::QuadrupleSignedAngle(y, Quadruple(0.7)); }
 
 const Contest kContests[] = {
     {"sine", zenithor::Sine, std::sin, SineOf, -10.0, 10.0},
     {"sine, to 2^24", zenithor::Sine, std::sin, SineOf, -16777216.0, 16777216.0},
     {"cosine", zenithor::Cosine, std::cos, CosineOf, -10.0, 10.0},
     {"tangent", zenithor::Tangent, std::tan, TangentOf, -10.0, 10.0},
-    {"arctangent", zenithor::Arctangent, std::atan, ArctangentOf, -3.0, 3.0},
+    {"arctangent", zenithor::Arctangent, std::atan, zenithor::testing::QuadrupleArctangent, -3.0,
+     3.0},
     {"arctangent of a point", OurAngle, TheirAngle, AngleOf, -3.0, 3.0},
-    {"arcsine", zenithor::Arcsine, std::asin, ArcsineOf, -1.0, 1.0},
-    {"arccosine", zenithor::Arccosine, std::acos, ArccosineOf, -1.0, 1.0},
+    {"arcsine", zenithor::Arcsine, std::asin, zenithor::testing::QuadrupleArcsine, -1.0, 1.0},
+    {"arccosine", zenithor::Arccosine, std::acos, zenithor::testing::QuadrupleArccosine, -1.0, 1.0},
     {"logarithm", zenithor::Logarithm, std::log, zenithor::testing::QuadrupleLogarithm, 0.1, 9.0},
 };
 

@@ -126,6 +126,21 @@ inline Quadruple QuadrupleAngle(Quadruple y, Quadruple x) {
   return large ? pi - times * sum : times * sum;
 }
 
+// arctan x, arcsin x and arccos x, |x| <= 1 for the latter two.
+inline Quadruple QuadrupleSignedAngle(double y, Quadruple x) {
+  return y < 0.0 ? -QuadrupleAngle(-Quadruple(y), x) : QuadrupleAngle(Quadruple(y), x);
+}
+inline Quadruple QuadrupleOtherLeg(double x) {
+  return QuadrupleRoot((1 - Quadruple(x)) * (1 + Quadruple(x)));
+}
+inline Quadruple QuadrupleArctangent(double x) { return QuadrupleSignedAngle(x, 1); }
+inline Quadruple QuadrupleArcsine(double x) {
+  return QuadrupleSignedAngle(x, QuadrupleOtherLeg(x));
+}
+inline Quadruple QuadrupleArccosine(double x) {
+  return QuadrupleAngle(QuadrupleOtherLeg(x), Quadruple(x));
+}
+
 // ln x for a normal x > 0, from ln 2 = 7 ln (16/15) + 5 ln (25/24) + 3 ln (81/80).
 inline Quadruple QuadrupleLogarithmNearOne(Quadruple m) {
   const Quadruple s = (m - 1) / (m + 1);

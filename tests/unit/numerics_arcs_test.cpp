@@ -12,8 +12,10 @@ namespace zenithor {
 namespace {
 
 using testing::Quadruple;
-using testing::QuadrupleAngle;
-using testing::QuadrupleRoot;
+using testing::QuadrupleArccosine;
+using testing::QuadrupleArcsine;
+using testing::QuadrupleArctangent;
+using testing::QuadrupleSignedAngle;
 using testing::UlpsFrom;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -22,14 +24,6 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 // The stated bounds, in ulp.
 constexpr double kBound = 0.6;
 constexpr double kSineBound = 0.7;
-
-Quadruple Size(double x) { return Quadruple(std::fabs(x)); }
-Quadruple WithSignOf(double x, Quadruple value) { return x < 0.0 ? -value : value; }
-
-Quadruple TrueArctangent(double x) { return WithSignOf(x, QuadrupleAngle(Size(x), 1)); }
-Quadruple OtherLeg(double x) { return QuadrupleRoot((1 - Quadruple(x)) * (1 + Quadruple(x))); }
-Quadruple TrueArcsine(double x) { return WithSignOf(x, QuadrupleAngle(Size(x), OtherLeg(x))); }
-Quadruple TrueArccosine(double x) { return QuadrupleAngle(OtherLeg(x), Quadruple(x)); }
 
 std::vector<double> Between(double low, double high, int count, std::mt19937_64& random) {
   std::uniform_real_distribution<double> number(low, high);
@@ -54,14 +48,14 @@ TEST(Arctangent, IsWithinTheStatedBound) {
   for (const auto& numbers :
        {Between(-2.0, 2.0, 20000, random), OfSizes(-40.0, 60.0, 20000, random)}) {
     for (const double x : numbers) {
-      ASSERT_LE(UlpsFrom(TrueArctangent(x), Arctangent(x)), kBound) << x;
+      ASSERT_LE(UlpsFrom(QuadrupleArctangent(x), Arctangent(x)), kBound) << x;
     }
   }
   // Where one step of the table ends and the next begins.
   for (int half_step = 1; half_step <= 300; ++half_step) {
     const double x = half_step / 128.0;
     for (const double beside : {std::nextafter(x, 0.0), x, std::nextafter(x, 9.0), 1.0 / x}) {
-      ASSERT_LE(UlpsFrom(TrueArctangent(beside), Arctangent(beside)), kBound) << beside;
+      ASSERT_LE(UlpsFrom(QuadrupleArctangent(beside), Arctangent(beside)), kBound) << beside;
     }
   }
 }
@@ -86,9 +80,9 @@ TEST(ArctangentOfPoint, IsWithinTheStatedBoundInAllQuadrants) {
     const double scale = k % 3 == 0 ? 0x1p900 : k % 7 == 0 ? 0x1p-900 : 1.0;
     const double y = heights[k];
     const double x = widths[k];
-    ASSERT_LE(UlpsFrom(WithSignOf(y, QuadrupleAngle(Size(y), Quadruple(x))),
-                       ArctangentOfPoint(y * scale, x * scale)),
-              kBound)
+    ASSERT_LE(
+        UlpsFrom(QuadrupleSignedAngle(y, Quadruple(x)), ArctangentOfPoint(y * scale, x * scale)),
+        kBound)
         << y << " " << x << " " << scale;
   }
 }
@@ -128,8 +122,8 @@ TEST(ArcsineAndArccosine, AreWithinTheStatedBound) {
     numbers.push_back(x < 0.0 ? -1.0 - x : 1.0 - x);  // near the ends
   }
   for (const double x : numbers) {
-    ASSERT_LE(UlpsFrom(TrueArcsine(x), Arcsine(x)), kSineBound) << x;
-    ASSERT_LE(UlpsFrom(TrueArccosine(x), Arccosine(x)), kSineBound) << x;
+    ASSERT_LE(UlpsFrom(QuadrupleArcsine(x), Arcsine(x)), kSineBound) << x;
+    ASSERT_LE(UlpsFrom(QuadrupleArccosine(x), Arccosine(x)), kSineBound) << x;
   }
 }
 
