@@ -66,7 +66,7 @@ double PositionIn(FieldTrack& track, double day) {
   const double steps = day / track.spacing;
   const double interval = std::floor(steps);
   if (interval != track.interval) {
-    double values[kInterpolantNodes];
+    double values[kInterpolantNodes] = {};
     bool smooth = true;
     for (int i = 0; i < kInterpolantNodes; ++i) {
       const KeptNode node = NodeOf(track, static_cast<std::int32_t>(interval) - kNodesBefore + i);
