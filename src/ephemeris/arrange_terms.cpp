@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 
 #include "ephemeris/cosine_sum.h"
+#include "numerics/bits.h"
 #include "numerics/sincos.h"
 #include "numerics/sincos_kernel.h"
 
@@ -77,13 +77,10 @@ class FrequencyNumbers {
 
   // The number of `frequency`, -1 when there would be too many.
   int NumberOf(double frequency) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &frequency, sizeof bits);
+    const std::uint64_t bits = BitsOf(frequency);
     auto slot = static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15U) >> (64 - kSlotBits));
     while (slots_[slot] != kFree) {
-      std::uint64_t known = 0;
-      std::memcpy(&known, &frequencies_[slots_[slot]], sizeof known);
-      if (known == bits) {
+      if (BitsOf(frequencies_[slots_[slot]]) == bits) {
         return slots_[slot];
       }
       slot = (slot + 1) % kSlots;

@@ -57,8 +57,6 @@ double Beyond(Pair turn, Pair angle) {
   return sum.high + (sum.low + (turn.low + angle.low));
 }
 
-Pair Negative(Pair a) { return {-a.high, -a.low}; }
-
 // The angle of the point (x, y), y >= 0, not both 0, in [0, pi]; the sides of a size that products
 // may have.
 double AngleOfPoint(double y, double x) {
@@ -68,7 +66,7 @@ double AngleOfPoint(double y, double x) {
     return Beyond(kHalfPiPair, x < 0.0 ? angle : Negative(angle));
   }
   const Pair angle = ArctangentOfSides(y, width);
-  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : angle.high + angle.low;
+  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : Sum(angle);
 }
 
 // A0 + A1 z + ... in two chains, of the even and of the odd powers.
@@ -174,7 +172,7 @@ double Arccosine(double x) {
     return Beyond(kHalfPiPair, {-x, -(x * z * ArcsineSeries(z))});
   }
   const Pair angle = ArccosineOfLarge(size);
-  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : angle.high + angle.low;
+  return x < 0.0 ? Beyond(kPiPair, Negative(angle)) : Sum(angle);
 }
 
 }  // namespace zenithor

@@ -1,10 +1,9 @@
 #include "numerics/extended.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <limits>
 
+#include "numerics/bits.h"
 #include "numerics/pair.h"
 
 namespace zenithor {
@@ -14,18 +13,9 @@ namespace {
 constexpr double kSmallestSplit = 0x1p-900;
 constexpr double kLargestSplit = 0x1p900;
 
-std::uint64_t BitsOf(double x) {
-  std::uint64_t bits;
-  std::memcpy(&bits, &x, sizeof bits);
-  return bits;
-}
-
 // The double next to x, away from 0 or towards it; x is neither 0 nor at an end of the range.
 double Neighbour(double x, bool away_from_zero) {
-  const std::uint64_t bits = away_from_zero ? BitsOf(x) + 1 : BitsOf(x) - 1;
-  double neighbour;
-  std::memcpy(&neighbour, &bits, sizeof neighbour);
-  return neighbour;
+  return FromBits(away_from_zero ? BitsOf(x) + 1 : BitsOf(x) - 1);
 }
 
 }  // namespace

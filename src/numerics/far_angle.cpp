@@ -57,8 +57,7 @@ Pair FractionOf(const std::uint32_t (&words)[kFractionWords]) {
   Pair sum = {0.0, 0.0};
   double weight = 0x1p-32;
   for (const std::uint32_t word : words) {
-    const Pair next = TwoSum(sum.high, weight * word);
-    sum = QuickTwoSum(next.high, next.low + sum.low);
+    sum = Plus(sum, weight * word);
     weight *= 0x1p-32;
   }
   return sum;
@@ -100,7 +99,7 @@ QuarterTurns ReduceFarAngle(double angle) {
   }
   Pair rest = TimesHalfPi(FractionOf(words));
   if (beyond_half != (angle < 0.0)) {
-    rest = {-rest.high, -rest.low};
+    rest = Negative(rest);
   }
   return {angle < 0.0 ? (4 - quarters) % 4 : quarters % 4, rest};
 }

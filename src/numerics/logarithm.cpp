@@ -2,9 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 
+#include "numerics/bits.h"
 #include "numerics/pair.h"
 #include "numerics/polynomials.h"
 
@@ -22,15 +22,12 @@ struct Parts {
 };
 
 Parts PartsOf(double x) {
-  std::int64_t bits;
-  std::memcpy(&bits, &x, sizeof bits);
+  auto bits = static_cast<std::int64_t>(BitsOf(x));
   // The high word less that of sqrt(1/2): what is above its exponent field is the exponent.
   constexpr std::int64_t kRootOfHalf = 0x3FE6A09E00000000;
   const std::int64_t exponent = (bits - kRootOfHalf) >> 52;
   bits -= exponent * (std::int64_t{1} << 52);
-  double m;
-  std::memcpy(&m, &bits, sizeof m);
-  return {m - 1.0, static_cast<double>(exponent)};
+  return {FromBits(static_cast<std::uint64_t>(bits)) - 1.0, static_cast<double>(exponent)};
 }
 
 // ln(1 + f) = 2 s + s R, s = f / (2 + f), and 2 s = f - s f, s f = f^2 / 2 - s f^2 / 2, so that all

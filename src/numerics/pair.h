@@ -11,6 +11,9 @@ struct Pair {
   double high, low;
 };
 
+inline Pair Negative(Pair a) { return {-a.high, -a.low}; }
+inline double Sum(Pair a) { return a.high + a.low; }
+
 // a + b without error; any a and b whose sum does not overflow.
 inline Pair TwoSum(double a, double b) {
   const double sum = a + b;
@@ -22,6 +25,12 @@ inline Pair TwoSum(double a, double b) {
 inline Pair QuickTwoSum(double a, double b) {
   const double sum = a + b;
   return {sum, b - (sum - a)};
+}
+
+// a + b to within 2^-104 of the larger, low at most an ulp of high.
+inline Pair Plus(Pair a, double b) {
+  const Pair sum = TwoSum(a.high, b);
+  return QuickTwoSum(sum.high, sum.low + a.low);
 }
 
 // The first 26 bits of a, and the rest; |a| below 2^996.

@@ -1,9 +1,8 @@
 #include "numerics/sine_cosine.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 
+#include "numerics/bits.h"
 #include "numerics/far_angle.h"
 #include "numerics/pair.h"
 #include "numerics/sincos_kernel.h"
@@ -12,11 +11,8 @@ namespace zenithor {
 
 namespace {
 
-// What the steps of the circle lost when they were rounded.
-struct StepRest {
-  float cosine, sine;
-};
-constexpr StepRest kStepRests[512] = {
+// What the cosines of the steps of the circle lost when they were rounded.
+constexpr float kCosineRests[512] = {
 #include "numerics/sincos_step_rests.inc"
 };
 
@@ -29,7 +25,7 @@ constexpr double kStepPieces[kPieceCount] = {
 constexpr double kThirdAndFourth = kStepPieces[2] + kStepPieces[3];
 
 constexpr unsigned kSteps = 512;
-constexpr int kStepsPerQuarter = 128;
+constexpr unsigned kStepsPerQuarter = 128;
 // So near an axis (less than 0.13 rad) the function that is 0 there has a series of its own.
 constexpr int kNearAxis = 10;
 // A rest below this size is too near to an axis for the first four pieces.
@@ -46,11 +42,10 @@ struct Standing {
 
 Standing StandingOf(double x) {
   const double whole = x * kStepsPerRadian + kRoundToWhole;
-  std::uint64_t bits;
-  std::memcpy(&bits, &whole, sizeof bits);
-  const auto step = static_cast<unsigned>(bits) % kSteps;
-  constexpr int kHalf = kStepsPerQuarter / 2;
-  return {whole - kRoundToWhole, step, static_cast<int>((step + kHalf) % kStepsPerQuarter) - kHalf};
+  const auto step = static_cast<unsigned>(BitsOf(whole)) % kSteps;
+  constexpr unsigned kHalf = kStepsPerQuarter / 2;
+  return {whole - kRoundToWhole, step,
+          static_cast<int>((step + kHalf) % kStepsPerQuarter) - static_cast<int>(kHalf)};
 }
 
 // x less the first two pieces of k steps. Exact for |x| <= 2^24: both differences are multiples of
@@ -73,8 +68,7 @@ Pair RestFromAxis(double x, double k) {
   }
   Pair sum = TwoSum(first, -(k * kStepPieces[2]));
   for (int piece = 3; piece < kPieceCount; ++piece) {
-    const Pair next = TwoSum(sum.high, -(k * kStepPieces[piece]));
-    sum = QuickTwoSum(next.high, next.low + sum.low);
+    sum = Plus(sum, -(k * kStepPieces[piece]));
   }
   return sum;
 }
@@ -96,8 +90,6 @@ Pair CosineOfSmall(Pair r) {
       1.0 / 24.0 + z * (-1.0 / 720.0 + z * (1.0 / 40320.0 + z * (-1.0 / 3628800.0)));
   return {1.0, z * (-0.5 + z * series) - r.high * r.low};
 }
-
-Pair Negative(Pair a) { return {-a.high, -a.low}; }
 
 // cos (quarters pi / 2 + r) for |r| < 0.13, quarters 0 to 3 turning right.
 Pair CosineFromAxis(unsigned quarters, Pair r) {
@@ -123,74 +115,66 @@ SmallTurn TurnBy(double r) {
   return {r + (r * z) * (kS1 + z * kS2), z * (-0.5 + z * (1.0 / 24.0 + z * (-1.0 / 720.0)))};
 }
 
-// cos (a + r) = cos a + (cos a (cos r - 1) - sin a sin r), the sine likewise, where both are at
-// least 0.12: low is rounded, by less than 2^-59.
+// cos (a + r) = cos a + (cos a (cos r - 1) - sin a sin r) where it is at least 0.12: low is
+// rounded, by less than 2^-59.
 Pair CosineAtStep(unsigned step, SmallTurn turn) {
   const CosineSine& at = kCircleSteps[step];
-  return {at.cosine, static_cast<double>(kStepRests[step].cosine) +
+  return {at.cosine, static_cast<double>(kCosineRests[step]) +
                          (at.cosine * turn.cosine_less_1 - at.sine * turn.sine)};
-}
-
-Pair SineAtStep(unsigned step, SmallTurn turn) {
-  const CosineSine& at = kCircleSteps[step];
-  return {at.sine, static_cast<double>(kStepRests[step].sine) +
-                       (at.sine * turn.cosine_less_1 + at.cosine * turn.sine)};
 }
 
 bool IsNearAxis(const Standing& standing) {
   return standing.from_axis >= -kNearAxis && standing.from_axis <= kNearAxis;
 }
 
-struct FromAxis {
-  unsigned quarters;
-  Pair rest;
-};
-
-FromAxis RestAndQuarters(double x, const Standing& standing) {
+// An angle beside an axis, |x| <= 2^24.
+QuarterTurns QuarterTurnsOf(double x, const Standing& standing) {
   const unsigned axis =
       (standing.step + kSteps - static_cast<unsigned>(standing.from_axis)) % kSteps;
   return {axis / kStepsPerQuarter,
           RestFromAxis(x, standing.whole_steps - static_cast<double>(standing.from_axis))};
 }
 
-SmallTurn TurnFromStep(double x, double whole_steps) {
-  return TurnBy(LessTwoPieces(x, whole_steps) - whole_steps * kThirdAndFourth);
-}
-
 bool IsWithinKernel(double x) { return std::fabs(x) <= kLargestKernelAngle; }
 
-double Sum(Pair a) { return a.high + a.low; }
-
-// cos x and sin x for kTiny <= |x| <= 2^24 as high + low.
-struct CosineSinePairs {
-  Pair cosine, sine;
+// An angle of any finite size but a tiny one, reduced once for all that is asked of it: beside an
+// axis its quarters and the rest, elsewhere a step of the circle and a small turn from there.
+struct ReducedAngle {
+  bool near_axis;
+  QuarterTurns from_axis;
+  unsigned step;
+  SmallTurn turn;
 };
 
-CosineSinePairs PairsOf(double x) {
-  const Standing standing = StandingOf(x);
-  if (IsNearAxis(standing)) {
-    const FromAxis at = RestAndQuarters(x, standing);
-    return {CosineFromAxis(at.quarters, at.rest), CosineFromAxis(at.quarters + 3, at.rest)};
+ZENITHOR_KERNEL ReducedAngle Reduce(double x) {
+  if (IsWithinKernel(x)) {
+    const Standing standing = StandingOf(x);
+    if (IsNearAxis(standing)) {
+      return {true, QuarterTurnsOf(x, standing), 0, {}};
+    }
+    const double k = standing.whole_steps;
+    return {false, {}, standing.step, TurnBy(LessTwoPieces(x, k) - k * kThirdAndFourth)};
   }
-  const SmallTurn turn = TurnFromStep(x, standing.whole_steps);
-  return {CosineAtStep(standing.step, turn), SineAtStep(standing.step, turn)};
-}
-
-// The same for any finite |x| > 2^24.
-CosineSinePairs PairsOfFar(double x) {
   const QuarterTurns turns = ReduceFarAngle(x);
   const Standing standing = StandingOf(turns.rest.high);
   if (IsNearAxis(standing)) {
-    return {CosineFromAxis(turns.quarters, turns.rest),
-            CosineFromAxis(turns.quarters + 3, turns.rest)};
+    return {true, turns, 0, {}};
   }
-  const SmallTurn turn = TurnBy(LessTwoPieces(turns.rest.high, standing.whole_steps) -
-                                (standing.whole_steps * kThirdAndFourth - turns.rest.low));
-  const unsigned step = (standing.step + turns.quarters * kStepsPerQuarter) % kSteps;
-  return {CosineAtStep(step, turn), SineAtStep(step, turn)};
+  const double k = standing.whole_steps;
+  return {false,
+          {},
+          standing.step + turns.quarters * kStepsPerQuarter,
+          TurnBy(LessTwoPieces(turns.rest.high, k) - (k * kThirdAndFourth - turns.rest.low))};
 }
 
-CosineSinePairs PairsOfAny(double x) { return IsWithinKernel(x) ? PairsOf(x) : PairsOfFar(x); }
+// The cosine of an angle that is turned on by quarters, as high + low; three quarters give the
+// sine.
+constexpr unsigned kSineQuarters = 3;
+ZENITHOR_KERNEL Pair CosineOf(const ReducedAngle& angle, unsigned quarters) {
+  return angle.near_axis
+             ? CosineFromAxis(angle.from_axis.quarters + quarters, angle.from_axis.rest)
+             : CosineAtStep((angle.step + quarters * kStepsPerQuarter) % kSteps, angle.turn);
+}
 
 }  // namespace
 
@@ -198,30 +182,14 @@ double Sine(double angle) {
   if (std::fabs(angle) < kTiny) {
     return angle;
   }
-  if (!IsWithinKernel(angle)) {
-    return std::isfinite(angle) ? Sum(PairsOfFar(angle).sine) : angle - angle;
-  }
-  const Standing standing = StandingOf(angle);
-  if (IsNearAxis(standing)) {
-    const FromAxis at = RestAndQuarters(angle, standing);
-    return Sum(CosineFromAxis(at.quarters + 3, at.rest));
-  }
-  return Sum(SineAtStep(standing.step, TurnFromStep(angle, standing.whole_steps)));
+  return std::isfinite(angle) ? Sum(CosineOf(Reduce(angle), kSineQuarters)) : angle - angle;
 }
 
 double Cosine(double angle) {
   if (std::fabs(angle) < kTiny) {
     return 1.0;
   }
-  if (!IsWithinKernel(angle)) {
-    return std::isfinite(angle) ? Sum(PairsOfFar(angle).cosine) : angle - angle;
-  }
-  const Standing standing = StandingOf(angle);
-  if (IsNearAxis(standing)) {
-    const FromAxis at = RestAndQuarters(angle, standing);
-    return Sum(CosineFromAxis(at.quarters, at.rest));
-  }
-  return Sum(CosineAtStep(standing.step, TurnFromStep(angle, standing.whole_steps)));
+  return std::isfinite(angle) ? Sum(CosineOf(Reduce(angle), 0)) : angle - angle;
 }
 
 double Tangent(double angle) {
@@ -231,9 +199,10 @@ double Tangent(double angle) {
   if (!std::isfinite(angle)) {
     return angle - angle;
   }
-  const CosineSinePairs pairs = PairsOfAny(angle);
-  return Sum(Quotient(QuickTwoSum(pairs.sine.high, pairs.sine.low),
-                      QuickTwoSum(pairs.cosine.high, pairs.cosine.low)));
+  const ReducedAngle reduced = Reduce(angle);
+  const Pair sine = CosineOf(reduced, kSineQuarters);
+  const Pair cosine = CosineOf(reduced, 0);
+  return Sum(Quotient(QuickTwoSum(sine.high, sine.low), QuickTwoSum(cosine.high, cosine.low)));
 }
 
 CosineSine CosineAndSine(double angle) {
@@ -243,8 +212,8 @@ CosineSine CosineAndSine(double angle) {
   if (!std::isfinite(angle)) {
     return {angle - angle, angle - angle};
   }
-  const CosineSinePairs pairs = PairsOfAny(angle);
-  return {Sum(pairs.cosine), Sum(pairs.sine)};
+  const ReducedAngle reduced = Reduce(angle);
+  return {Sum(CosineOf(reduced, 0)), Sum(CosineOf(reduced, kSineQuarters))};
 }
 
 }  // namespace zenithor

@@ -62,11 +62,8 @@ def as_float(x):
 
 
 def step_rests():
-    rows = []
-    for k in range(STEPS):
-        rests = (as_float(v - Decimal(float(v))) for v in on_the_circle(k))
-        rows.append("{" + ", ".join(r.hex() + "F" for r in rests) + "},")
-    return rows
+    cosines = (on_the_circle(k)[0] for k in range(STEPS))
+    return [as_float(v - Decimal(float(v))).hex() + "F," for v in cosines]
 
 
 def arctangent(x):

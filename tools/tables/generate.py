@@ -341,7 +341,7 @@ def two_over_pi():
 
 
 def step_rests():
-    return table(*ELEMENTARY, "cosine and sine of the 512 steps of a circle less their doubles, no unit",
+    return table(*ELEMENTARY, "the cosines of the 512 steps of a circle less their doubles, no unit",
                  elementary_table.step_rests())
 
 
