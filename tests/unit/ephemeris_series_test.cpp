@@ -258,5 +258,30 @@ TEST(EclipticRectangular, TakesSlotZeroToTheEquatorOfJ2000WhateverTheObliquity) 
   EXPECT_NEAR(fixed.z, y * std::sin(epsilon) + z * std::cos(epsilon), 0.1 * kRadiansPerArcsecond);
 }
 
+// Meeus, Astronomical Algorithms, 2nd ed., formula 26.3: rows of the rotation from the ecliptic to
+// the equator of the FK5 frame of J2000.0. Around a year each coordinate has its turn to be large.
+TEST(EclipticRectangular, TakesSlotZeroThroughThePublishedRotation) {
+  const double matrix[3][3] = {{1.0, 4.40360e-7, -1.90919e-7},
+                               {-4.79966e-7, 0.917482137087, -0.397776982902},
+                               {0.0, 0.397776982902, 0.917482137087}};
+  for (const double start : {-40.0, 0.0, 40.0}) {
+    for (int month = 0; month < 12; ++month) {
+      const double centuries = start + month / 1200.0;
+      const Spherical sun = EvaluateSunGeocentric(FullStore(), kEarthJ2000Slot, centuries);
+      const double from[3] = {sun.radius * std::cos(sun.latitude) * std::cos(sun.longitude),
+                              sun.radius * std::cos(sun.latitude) * std::sin(sun.longitude),
+                              sun.radius * std::sin(sun.latitude)};
+      const Rectangular r = EclipticRectangular(FullStore(), kEarthJ2000Slot, centuries, 0.4090);
+      const double to[3] = {r.x, r.y, r.z};
+      for (int row = 0; row < 3; ++row) {
+        const double sum =
+            matrix[row][0] * from[0] + matrix[row][1] * from[1] + matrix[row][2] * from[2];
+        // Rounding alone: the last digit of the least coefficient is worth 1e-14.
+        EXPECT_NEAR(to[row], sum, 5e-16) << centuries << " row " << row;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zenithor
