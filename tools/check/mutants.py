@@ -39,7 +39,7 @@ EQUIVALENT = ROOT / "tools" / "check" / "equivalent_mutants.txt"
 NICE = int(os.environ.get("MUTANTS_NICE", "10"))
 THIS_PLATFORM = ("__x86_64__",)
 OTHER_PLATFORM = ("_WIN32", "_WIN64", "__i386__")
-HOST_PROGRAMS = ("load_host load_heap_host warning_host exports_host golden_host records_host answers_hash "
+HOST_PROGRAMS = ("load_host load_heap_host replaced_host warning_host exports_host golden_host records_host answers_hash "
                  "threads_host hostile_processor_state hostile_misaligned_stack hostile_procedure "
                  "hostile_null_record hostile_page_end hostile_reload hostile_load_elsewhere "
                  "hostile_threads hostile_any_argument values_host values_linked_host "
