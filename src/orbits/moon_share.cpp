@@ -14,9 +14,7 @@ constexpr double kEarthMoonMassRatio = 81.300585;
 
 SeriesSums SumLunarSeries(const PlanetSeriesTable& table, double julian_day,
                           SeriesScratch& scratch) {
-  const double t = (julian_day - kJ2000) / table.time_scale;
-  FillRowsFromList(table, scratch);
-  SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+  SeriesSums sums = SumEarthTable(table, julian_day, scratch);
   sums.longitude *= table.coefficient_scale;
   sums.latitude *= table.coefficient_scale;
   sums.radius *= table.coefficient_scale;

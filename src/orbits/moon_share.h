@@ -1,6 +1,6 @@
 #pragma once
 
-#include "orbits/series_sum.h"
+#include "orbits/earth_sums.h"
 #include "time/obliquity.h"
 #include "time/transforms.h"
 

@@ -9,23 +9,22 @@ namespace zenithor {
 Spherical EvaluatePlanetSeries(double julian_day, const PlanetSeriesTable& table,
                                SeriesScratch& scratch) {
   const double t = (julian_day - kJ2000) / table.time_scale;
+  ArgumentList arguments = {};
   for (int k = 0; k < table.argument_count; ++k) {
-    const std::int8_t highest = table.highest_harmonic[static_cast<std::size_t>(k)];
-    if (highest > 0) {
-      FillMultiples(PlanetMeanLongitude(k + 1, t), highest, scratch.rows[k]);
+    if (table.highest_harmonic[static_cast<std::size_t>(k)] > 0) {
+      arguments[k] = PlanetMeanLongitude(k + 1, t);
     }
   }
-  const SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kReduced);
+  const auto sum = &table == &kPlutoSeries ? SumMovingArguments : SumPlanetSeries;
+  const SeriesSums sums = sum(table, t, arguments, LongitudePolynomial::kReduced, scratch.room);
   return {kRadiansPerArcsecond * sums.longitude, kRadiansPerArcsecond * sums.latitude,
           table.mean_distance + kRadiansPerArcsecond * table.mean_distance * sums.radius};
 }
 
 Spherical EvaluateEarthSeries(double julian_day, const PlanetSeriesTable& table, int body_index,
                               SeriesScratch& scratch) {
-  const double t = (julian_day - kJ2000) / table.time_scale;
   FillMeanElements(julian_day, scratch.arguments);
-  FillRowsFromList(table, scratch);
-  const SeriesSums sums = SumPlanetSeries(table, t, scratch.rows, LongitudePolynomial::kAsItStands);
+  const SeriesSums sums = SumEarthTable(table, julian_day, scratch);
   const double scale = kRadiansPerArcsecond * table.coefficient_scale;
   return {scale * sums.longitude + scratch.arguments[body_index - 1], scale * sums.latitude,
           (scale * sums.radius + 1.0) * table.mean_distance};

@@ -1,80 +1,234 @@
 #include "orbits/series_sum.h"
 
+#include <cstring>
+
 #include "numerics/angles.h"
+#include "numerics/sine_cosine.h"
 
 namespace zenithor {
 
 namespace {
 
-// One coordinate of a periodic term by Horner's rule in T; moves `coefficients` past the term.
-double PeriodicTerm(const double*& coefficients, int power, double t, const AngleSum& angle) {
-  double c = coefficients[0];
-  double s = coefficients[1];
-  coefficients += 2;
-  for (int k = 0; k < power; ++k, coefficients += 2) {
-    c = c * t + coefficients[0];
-    s = s * t + coefficients[1];
-  }
-  return c * angle.cosine + s * angle.sine;
+// Two moments are two lanes of a vector.
+typedef double TwoMoments __attribute__((vector_size(sizeof(double) * kMomentsOfEarth)));
+
+template <class Real>
+constexpr std::size_t kLanes = sizeof(Real) / sizeof(double);
+
+template <class Real>
+struct AngleOf {
+  Real sine, cosine;
+};
+
+template <class Real>
+Real FromLanes(const double* lanes) {
+  Real value;
+  std::memcpy(&value, lanes, sizeof value);
+  return value;
 }
 
-double PolynomialTerm(const double*& coefficients, int power, double t) {
-  double sum = *coefficients++;
-  for (int k = 0; k < power; ++k) {
-    sum = sum * t + *coefficients++;
+template <class Real>
+Real InEveryLane(double value) {
+  return value - Real{};
+}
+
+// The angles of one walk, by their numbers.
+template <class Real>
+class Angles {
+ public:
+  explicit Angles(SeriesRoom& room) : next_(room.sines_cosines), first_(room.sines_cosines) {}
+
+  AngleOf<Real> operator[](std::int16_t number) const {
+    const double* const at = first_ + 2 * kLanes<Real> * static_cast<std::size_t>(number);
+    return {FromLanes<Real>(at), FromLanes<Real>(at + kLanes<Real>)};
   }
-  return sum;
+  void Append(const AngleOf<Real>& angle) {
+    std::memcpy(next_, &angle.sine, sizeof angle.sine);
+    std::memcpy(next_ + kLanes<Real>, &angle.cosine, sizeof angle.cosine);
+    next_ += 2 * kLanes<Real>;
+  }
+  void AppendSum(AngleProduct of) {
+    const AngleOf<Real> a = (*this)[of.first];
+    const AngleOf<Real> b = (*this)[of.second];
+    Append({a.sine * b.cosine + a.cosine * b.sine, a.cosine * b.cosine - a.sine * b.sine});
+  }
+
+ private:
+  double* next_;
+  const double* first_;
+};
+
+// `lists` holds the arguments of each lane.
+template <class Real>
+Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, SeriesRoom& room) {
+  Angles<Real> made(room);
+  made.Append({InEveryLane<Real>(0.0), InEveryLane<Real>(1.0)});
+  for (const std::int8_t argument : angles.arguments) {
+    double sines[kLanes<Real>];
+    double cosines[kLanes<Real>];
+    for (std::size_t lane = 0; lane < kLanes<Real>; ++lane) {
+      const auto [cosine, sine] = CosineAndSine(lists[lane][argument - 1]);
+      sines[lane] = sine;
+      cosines[lane] = cosine;
+    }
+    made.Append({FromLanes<Real>(sines), FromLanes<Real>(cosines)});
+  }
+  for (const AngleProduct product : angles.multiples) {
+    made.AppendSum(product);
+  }
+  for (const std::int16_t number : angles.opposites) {
+    const AngleOf<Real> angle = made[number];
+    made.Append({-angle.sine, angle.cosine});
+  }
+  for (const AngleProduct product : angles.products) {
+    made.AppendSum(product);
+  }
+  return made;
+}
+
+// The polynomial's coordinates by Horner's rule in T; moves `coefficients` past it.
+template <class Real>
+void AddPolynomial(int power, std::size_t coordinates, Real t, const double*& coefficients,
+                   Real* sums) {
+  for (std::size_t k = 0; k < coordinates; ++k) {
+    sums[k] = InEveryLane<Real>(coefficients[k]);
+  }
+  coefficients += coordinates;
+  for (int p = 0; p < power; ++p, coefficients += coordinates) {
+    for (std::size_t k = 0; k < coordinates; ++k) {
+      sums[k] = sums[k] * t + coefficients[k];
+    }
+  }
+}
+
+// The coordinates of a periodic term likewise.
+template <std::size_t kCoordinates, class Real>
+[[gnu::always_inline]] inline void AddPeriodicTerm(int power, Real t, const AngleOf<Real>& angle,
+                                                   const double*& coefficients, Real* sums) {
+  Real c[kCoordinates];
+  Real s[kCoordinates];
+#pragma GCC unroll 3
+  for (std::size_t k = 0; k < kCoordinates; ++k) {
+    c[k] = InEveryLane<Real>(coefficients[2 * k]);
+    s[k] = InEveryLane<Real>(coefficients[2 * k + 1]);
+  }
+  coefficients += 2 * kCoordinates;
+  for (int p = 0; p < power; ++p, coefficients += 2 * kCoordinates) {
+#pragma GCC unroll 3
+    for (std::size_t k = 0; k < kCoordinates; ++k) {
+      c[k] = c[k] * t + coefficients[2 * k];
+      s[k] = s[k] * t + coefficients[2 * k + 1];
+    }
+  }
+#pragma GCC unroll 3
+  for (std::size_t k = 0; k < kCoordinates; ++k) {
+    sums[k] += c[k] * angle.cosine + s[k] * angle.sine;
+  }
+}
+
+template <std::size_t kCoordinates, class Real>
+void AddTerms(const PlanetSeriesTable& table, Real t, const Angles<Real>& angles,
+              const double* coefficients, Real* sums) {
+  for (const TermAngle& term : table.angles.terms) {
+    AddPeriodicTerm<kCoordinates>(term.power, t, angles[term.angle], coefficients, sums);
+  }
+}
+
+// What a walk along `angles.terms` adds to the polynomial.
+template <class Real>
+void AddTermsByCoordinates(const PlanetSeriesTable& table, Real t, const Angles<Real>& angles,
+                           const double* coefficients, Real* sums) {
+  switch (table.coordinates.count) {
+    case 1:
+      return AddTerms<1>(table, t, angles, coefficients, sums);
+    case 2:
+      return AddTerms<2>(table, t, angles, coefficients, sums);
+    default:
+      return AddTerms<3>(table, t, angles, coefficients, sums);
+  }
+}
+
+SeriesSums Named(const PlanetSeriesTable& table, const double* sums) {
+  SeriesSums named{0.0, 0.0, 0.0};
+  for (const Coordinate coordinate : table.coordinates) {
+    (coordinate == Coordinate::kLongitude  ? named.longitude
+     : coordinate == Coordinate::kLatitude ? named.latitude
+                                           : named.radius) = *sums++;
+  }
+  return named;
+}
+
+// Starts the sums of one moment with the polynomial; returns the coefficients that follow.
+const double* Start(const PlanetSeriesTable& table, double t, LongitudePolynomial polynomial,
+                    double* sums) {
+  const double* coefficients = table.coefficients;
+  AddPolynomial(table.arguments[1], table.coordinates.count, t, coefficients, sums);
+  if (polynomial == LongitudePolynomial::kReduced &&
+      table.coordinates.entries[0] == Coordinate::kLongitude) {
+    sums[0] = ReduceArcseconds(sums[0]);
+  }
+  return coefficients;
 }
 
 }  // namespace
 
-SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
-                           const MultiplesRow (&rows)[kArgumentLimit],
-                           LongitudePolynomial polynomial) {
-  const std::int8_t* code = table.arguments;
-  const double* longitude = table.longitude;
-  const double* latitude = table.latitude;
-  const double* radius = table.radius;
-  SeriesSums sums{0.0, 0.0, 0.0};
-  for (int pairs = *code++; pairs >= 0; pairs = *code++) {
-    if (pairs == 0) {
-      const int power = *code++;
-      if (longitude != nullptr) {
-        const double value = PolynomialTerm(longitude, power, t);
-        sums.longitude +=
-            polynomial == LongitudePolynomial::kReduced ? ReduceArcseconds(value) : value;
-      }
-      if (latitude != nullptr) {
-        sums.latitude += PolynomialTerm(latitude, power, t);
-      }
-      if (radius != nullptr) {
-        sums.radius += PolynomialTerm(radius, power, t);
-      }
-      continue;
-    }
-    AngleSum angle;
-    for (int k = 0; k < pairs; ++k, code += 2) {
-      AddMultiple(code[0], rows[code[1] - 1], angle);
-    }
-    const int power = *code++;
-    if (longitude != nullptr) {
-      sums.longitude += PeriodicTerm(longitude, power, t, angle);
-    }
-    if (latitude != nullptr) {
-      sums.latitude += PeriodicTerm(latitude, power, t, angle);
-    }
-    if (radius != nullptr) {
-      sums.radius += PeriodicTerm(radius, power, t, angle);
-    }
-  }
-  return sums;
-}
-
-void FillRowsFromList(const PlanetSeriesTable& table, SeriesScratch& scratch) {
+SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t, const ArgumentList& arguments,
+                           LongitudePolynomial polynomial, SeriesRoom& room) {
   for (std::size_t k = 0; k < table.argument_count; ++k) {
     if (table.highest_harmonic[k] > 0) {
-      FillMultiples(scratch.arguments[k], table.highest_harmonic[k], scratch.rows[k]);
+      FillMultiples(arguments[k], table.highest_harmonic[k], room.rows[k]);
     }
+  }
+  double sums[kCoordinateLimit];
+  const double* coefficients = Start(table, t, polynomial, sums);
+  const std::int8_t* code = table.arguments + 2;
+  for (int pairs = *code++; pairs >= 0; pairs = *code++) {
+    AngleSum sum;
+    for (int k = 0; k < pairs; ++k, code += 2) {
+      AddMultiple(code[0], room.rows[code[1] - 1], sum);
+    }
+    const AngleOf<double> angle{sum.sine, sum.cosine};
+    const int power = *code++;
+    // All coordinates of a term, as the number of them says.
+    switch (table.coordinates.count) {
+      case 1:
+        AddPeriodicTerm<1>(power, t, angle, coefficients, sums);
+        break;
+      case 2:
+        AddPeriodicTerm<2>(power, t, angle, coefficients, sums);
+        break;
+      default:
+        AddPeriodicTerm<3>(power, t, angle, coefficients, sums);
+    }
+  }
+  return Named(table, sums);
+}
+
+SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
+                              const ArgumentList& arguments, LongitudePolynomial polynomial,
+                              SeriesRoom& room) {
+  double sums[kCoordinateLimit];
+  const double* const coefficients = Start(table, t, polynomial, sums);
+  AddTermsByCoordinates(table, t, AnglesOf<double>(table.angles, &arguments, room), coefficients,
+                        sums);
+  return Named(table, sums);
+}
+
+void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
+                   const ArgumentList (&arguments)[kMomentsOfEarth], SeriesRoom& room,
+                   SeriesSums (&sums)[kMomentsOfEarth]) {
+  const TwoMoments both_t = FromLanes<TwoMoments>(t);
+  TwoMoments both[kCoordinateLimit];
+  const double* coefficients = table.coefficients;
+  AddPolynomial(table.arguments[1], table.coordinates.count, both_t, coefficients, both);
+  AddTermsByCoordinates(table, both_t, AnglesOf<TwoMoments>(table.angles, arguments, room),
+                        coefficients, both);
+  for (std::size_t moment = 0; moment < kMomentsOfEarth; ++moment) {
+    double of_moment[kCoordinateLimit];
+    for (std::size_t k = 0; k < table.coordinates.count; ++k) {
+      of_moment[k] = both[k][moment];
+    }
+    sums[moment] = Named(table, of_moment);
   }
 }
 

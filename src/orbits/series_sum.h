@@ -5,12 +5,10 @@
 
 namespace zenithor {
 
-// What the series share from one evaluation to the next: the list of fundamental arguments [rad]
-// and the multiples of each. Every evaluation fills the rows that it reads.
-struct SeriesScratch {
-  double arguments[kArgumentLimit] = {};
-  MultiplesRow rows[kArgumentLimit] = {};
-};
+// Sums of the PLAN404 series in the stored order: a plain walk for any arguments, and a quick one
+// to the same bits where those that a table takes to be 0 are.
+
+constexpr std::size_t kMomentsOfEarth = 2;
 
 // Unscaled sums, in the unit of the table's coefficients; 0 for a coordinate that it lacks.
 struct SeriesSums {
@@ -21,12 +19,27 @@ struct SeriesSums {
 
 enum class LongitudePolynomial { kReduced, kAsItStands };  // modulo 1296000, or not
 
-// Sums `table` at T (in its time scale, from J2000.0) in stored order over the multiples in `rows`.
-SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t,
-                           const MultiplesRow (&rows)[kArgumentLimit],
-                           LongitudePolynomial polynomial);
+using ArgumentList = double[kArgumentLimit];  // the fundamental arguments [rad]
 
-// Fills the rows of the arguments that `table` uses from the list in `scratch`.
-void FillRowsFromList(const PlanetSeriesTable& table, SeriesScratch& scratch);
+// What a walk writes and reads again; of no use afterwards.
+union SeriesRoom {
+  MultiplesRow rows[kArgumentLimit];
+  double sines_cosines[2 * kAngleLimit * kMomentsOfEarth];
+};
+
+// Sums `table` at T (in its time scale, from J2000.0) for the arguments that it uses of
+// `arguments`.
+SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t, const ArgumentList& arguments,
+                           LongitudePolynomial polynomial, SeriesRoom& room);
+
+// The same where every argument is 0 but those of table.angles.arguments, which may be anything.
+SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
+                              const ArgumentList& arguments, LongitudePolynomial polynomial,
+                              SeriesRoom& room);
+
+// The same for two moments side by side, the longitude's polynomial as it stands.
+void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
+                   const ArgumentList (&arguments)[kMomentsOfEarth], SeriesRoom& room,
+                   SeriesSums (&sums)[kMomentsOfEarth]);
 
 }  // namespace zenithor

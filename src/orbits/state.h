@@ -1,7 +1,7 @@
 #pragma once
 
+#include "orbits/earth_sums.h"
 #include "orbits/element_record.h"
-#include "orbits/series_sum.h"
 #include "time/nutation.h"
 #include "time/obliquity.h"
 #include "time/transforms.h"

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 #include "numerics/constants.h"
@@ -176,6 +177,27 @@ TEST(EarthSeries, KeptOnPurposeTheOtherPlanetsStandStillAtZero) {
   for (const int entry : {1, 2, 4, 5, 6, 7, 8, 9}) {
     EXPECT_EQ(state.scratch.arguments[entry - 1], 0.0) << entry;
   }
+}
+
+TEST(EarthSeries, KeptSumsAreThoseOfANewEvaluation) {
+  SeriesScratch scratch;
+  const auto expect_same = [&scratch](double jd) {
+    SeriesScratch fresh;
+    const Spherical kept = EvaluateEarthSeries(jd, kEarthMoonBarycentreSeries, 3, scratch);
+    const Spherical made = EvaluateEarthSeries(jd, kEarthMoonBarycentreSeries, 3, fresh);
+    EXPECT_EQ(std::memcmp(&kept, &made, sizeof kept), 0) << jd;
+  };
+  for (const double jd : {2460000.5, 2460000.5 - kVelocityStepDays, 2460000.5, 2460010.5, 0.0}) {
+    expect_same(jd);
+  }
+  // Where another planet has been written into the list, what was kept does not count.
+  expect_same(2460000.5);
+  const double before =
+      EvaluateEarthSeries(2460000.5, kEarthMoonBarycentreSeries, 3, scratch).longitude;
+  FillEveryPlanet(2460000.5, scratch);
+  const double after =
+      EvaluateEarthSeries(2460000.5, kEarthMoonBarycentreSeries, 3, scratch).longitude;
+  EXPECT_GT(std::fabs(after - before), kRadiansPerArcsecond);
 }
 
 TEST(MoonShare, TheMoonIsTheBooksWithThePlanetsFilledIn) {

@@ -13,6 +13,7 @@ from decimal import Decimal
 from pathlib import Path
 
 import elementary_table
+import plan404_angles
 import sincos_table
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -216,10 +217,16 @@ def eclipse_terms(series, unit):
     return make
 
 
-def plan404_series(name, subject):
+# The arguments that the Earth's list fills (src/orbits/mean_elements.h), and the planets' longitudes.
+LISTED = (3, 10, 11, 12, 13, 14)
+PLANETS = tuple(range(1, 10))
+
+
+def plan404_series(name, subject, moving):
     """A series as array definitions, one line per term: the argument stream (pair count, pairs of
-    multiplier and argument, highest power of T; -1 ends it), the coefficients of each coordinate in
-    the order in which they are consumed, and the constants of the file's header."""
+    multiplier and argument, highest power of T; -1 ends it), the coefficients in the order in which
+    they are consumed, the constants of the file's header, and the angles of the terms when only the
+    arguments `moving` are not 0 (plan404_angles.py)."""
     path = f"data/plan404/{name}.txt"
     header = {}
     terms = []
@@ -233,11 +240,17 @@ def plan404_series(name, subject):
     coordinates = [title.split(" coefficients")[0] for title in titles]
 
     stream = []
-    for kind, pairs, power, *_ in terms:
+    coefficients = []
+    for kind, pairs, power, *columns in terms:
         codes = [str(len(pairs))] + [code for pair in pairs for code in pair.split(":")] + power
-        if (kind == ["polynomial"]) != (not pairs):
-            raise ValueError(f"{path}: a {kind} term with the pairs {pairs}")
+        if (kind == ["polynomial"]) != (not pairs) or (not pairs) != (not stream):
+            raise ValueError(f"{path}: a {kind} term with the pairs {pairs} after {len(stream)}")
         stream.append(", ".join(codes) + ",")
+        step = 2 if pairs else 1
+        coefficients.append(", ".join(scaled(c, 0) for k in range(0, step * (int(power[0]) + 1), step)
+                                      for column in columns for c in column[k:k + step]) + ",")
+    angles = plan404_angles.arranged([[tuple(map(int, pair.split(":"))) for pair in pairs]
+                                      for _, pairs, *_ in terms[1:]], moving)
     lines = head(path, "PLAN404, fitted to DE404", f"{subject} [kCoefficientScale arcsec]") + [
              f"constexpr std::uint8_t kArgumentCount = {header['argument_count'][0]};",
              "constexpr std::array<std::int8_t, kArgumentLimit> kHighestHarmonic = {"
@@ -247,40 +260,48 @@ def plan404_series(name, subject):
              f"constexpr double kMeanDistance = {header['mean_distance_au'][0]};",
              f"constexpr double kTimeScaleDays = {scaled(header['time_scale_days'][0], 0)};",
              f"constexpr double kCoefficientScale = {scaled(header['coefficient_scale'][0], 0)};",
-             f"constexpr std::size_t kTermCount = {len(terms)};"]
+             f"constexpr std::size_t kTermCount = {len(terms)};",
+             "constexpr Coordinate kCoordinates[] = {"
+             + ", ".join(f"Coordinate::k{c.capitalize()}" for c in coordinates) + "};"]
 
-    def array(declaration, rows, end):
+    def array(declaration, rows, end, what="terms"):
         lines.append(declaration + " = {")
         for number, row in enumerate(rows, start=1):
             if number % 10 == 1:
-                lines.append(f"// terms {number}-{min(number + 9, len(rows))}")
+                lines.append(f"// {what} {number}-{min(number + 9, len(rows))}")
             lines.append(row)
         lines.append(end)
 
     array("constexpr std::int8_t kArguments[]", stream, "-1};")
-    for column, coordinate in enumerate(coordinates, start=3):
-        array(f"constexpr double k{coordinate.capitalize()}[]",
-              [", ".join(scaled(c, 0) for c in term[column]) + "," for term in terms], "};")
+    array("constexpr double kCoefficients[]", coefficients, "};")
+    lines.append("constexpr std::int8_t kMovingArguments[] = {"
+                 + ", ".join(map(str, angles.arguments)) + "};")
+    array("constexpr AngleProduct kMultiples[]", [f"{{{a}, {b}}}," for a, b in angles.multiples], "};", "rows")
+    array("constexpr std::int16_t kOpposites[]", [f"{a}," for a in angles.opposites], "};", "rows")
+    array("constexpr AngleProduct kProducts[]", [f"{{{a}, {b}}}," for a, b in angles.products], "};", "rows")
+    array("constexpr TermAngle kTermAngles[]",
+          [f"{{{angle}, {power[0]}}}," for angle, (_, _, power, *_) in zip(angles.of_terms, terms[1:])], "};",
+          "rows")
     lines.append("// clang-format on")
     return "\n".join(lines) + "\n"
 
 
 def barycentre_terms():
     return plan404_series("earth-moon-barycentre",
-                          "the Earth-Moon barycentre, heliocentric, ecliptic J2000.0")
+                          "the Earth-Moon barycentre, heliocentric, ecliptic J2000.0", LISTED)
 
 
 def pluto_series_terms():
-    return plan404_series("pluto", "Pluto, heliocentric, ecliptic J2000.0")
+    return plan404_series("pluto", "Pluto, heliocentric, ecliptic J2000.0", PLANETS)
 
 
 def moon_longitude_terms():
     return plan404_series("moon-longitude-radius",
-                          "the Moon, geocentric longitude and radius, equinox of date")
+                          "the Moon, geocentric longitude and radius, equinox of date", LISTED)
 
 
 def moon_latitude_terms():
-    return plan404_series("moon-latitude", "the Moon, geocentric latitude, ecliptic of date")
+    return plan404_series("moon-latitude", "the Moon, geocentric latitude, ecliptic of date", LISTED)
 
 
 def whole_nutation_terms():
