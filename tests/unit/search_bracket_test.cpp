@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "search/bracket.h"
 
@@ -61,6 +63,30 @@ TEST(RootInBracket, NeverTakesManyMoreCallsThanBisection) {
   EXPECT_LE(Solve(0.0, 1.0, 5e-10, jump).calls, 40);
   EXPECT_LE(Solve(0.0, 1.0, 5e-10, root).calls, 40);
   EXPECT_LE(Solve(0.0, 1.0, 5e-10, slow).calls, 124);
+}
+
+// Functions that are made up as they are asked for: whichever part of the bracket is the larger
+// keeps the root, by a value of any size that a rising function may have there.
+TEST(RootInBracket, BisectsAfterThreeCallsThatDoNotHalve) {
+  int longest = 0;
+  for (unsigned seed = 0; seed < 2000; ++seed) {
+    std::mt19937 random(seed);
+    BracketEnd low{0.0, -1.0};
+    BracketEnd high{1.0, 1.0};
+    double halve_to = 0.5;
+    int calls = 0;
+    RootInBracket(low, high, 5e-10, [&](double t) {
+      BracketEnd& moved = t - low.t < high.t - t ? low : high;
+      moved = {t, moved.y * (0.01 + 0.98 * static_cast<double>(random()) / 0x1p32)};
+      longest = std::max(longest, ++calls);
+      if (high.t - low.t <= halve_to) {
+        halve_to = 0.5 * (high.t - low.t);
+        calls = 0;
+      }
+      return moved.y;
+    });
+  }
+  EXPECT_EQ(longest, 4);
 }
 
 TEST(RootInBracket, EndsWhereTheNumbersEnd) {
