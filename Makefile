@@ -2,7 +2,7 @@
 # lacks (tools/setup/install.sh).
 
 SHELL := /bin/bash
-ALL_PRESETS := linux win32 win32-unit win64 win64-unit arm64 asan tsan fuzz
+ALL_PRESETS := linux win32 win32-unit win64 win64-unit arm64 wasm asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:

@@ -6,14 +6,16 @@
 #include "host/processor_x86.h"
 #elif defined(__GNUC__) && defined(__aarch64__)
 #include "host/processor_arm64.h"
+#elif defined(__wasm__)
+#include "host/processor_wasm.h"
 #else
-#error "The host boundary is written for GCC and Clang on x86 and on 64-bit ARM"
+#error "The host boundary is written for GCC and Clang on x86 and 64-bit ARM, and for WebAssembly"
 #endif
 
 // Functions that a host calls directly may find the stack misaligned; SSE2 code needs 16. On 64-bit
 // Windows the unwinder requires the alignment of every caller, and the compiler has no remedy;
-// 64-bit ARM traps where it is not given.
-#if defined(_WIN64) || defined(__aarch64__)
+// 64-bit ARM traps where it is not given, and WebAssembly's is the compiler's own.
+#if defined(_WIN64) || defined(__aarch64__) || defined(__wasm__)
 #define ZENITHOR_ENTRY
 #else
 #define ZENITHOR_ENTRY __attribute__((force_align_arg_pointer))
@@ -34,8 +36,8 @@ namespace zenithor {
 // x87 control word, MXCSR (its flags included), direction flag and errno are back to the bit, and
 // no x87 exception flag is set or pending.
 //
-// processor_x86.h and processor_arm64.h have the instructions: EnterLibrary saves the host's state
-// and LeaveLibrary restores it.
+// processor_x86.h, processor_arm64.h and processor_wasm.h have the instructions: EnterLibrary saves
+// the host's state and LeaveLibrary restores it.
 
 // The boundary for as long as the object stands, for code that the loader calls.
 class HostBoundary {

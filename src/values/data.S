@@ -7,6 +7,16 @@
 
 #if defined(_WIN32)
   .section .rdata, "dr"
+#elif defined(__wasm__)
+  .section .rodata.zenithor_linked_data, "", @
+  .type SYMBOL(zenithor_linked_index), @object
+  .type SYMBOL(zenithor_linked_index_end), @object
+  .type SYMBOL(zenithor_linked_terms), @object
+  .type SYMBOL(zenithor_linked_terms_end), @object
+  .hidden SYMBOL(zenithor_linked_index)
+  .hidden SYMBOL(zenithor_linked_index_end)
+  .hidden SYMBOL(zenithor_linked_terms)
+  .hidden SYMBOL(zenithor_linked_terms_end)
 #else
   .section .rodata, "a"
   .hidden SYMBOL(zenithor_linked_index)
@@ -30,7 +40,13 @@ SYMBOL(zenithor_linked_terms):
   .incbin ZENITHOR_DATA_FILE
 SYMBOL(zenithor_linked_terms_end):
 
-#if !defined(_WIN32)
+#if defined(__wasm__)
+/* The linker of WebAssembly keeps what has a size. */
+  .size SYMBOL(zenithor_linked_index), SYMBOL(zenithor_linked_index_end) - SYMBOL(zenithor_linked_index)
+  .size SYMBOL(zenithor_linked_index_end), 0
+  .size SYMBOL(zenithor_linked_terms), SYMBOL(zenithor_linked_terms_end) - SYMBOL(zenithor_linked_terms)
+  .size SYMBOL(zenithor_linked_terms_end), 0
+#elif !defined(_WIN32)
 #if defined(__CET__)
 #include <cet.h> /* marks this part for control-flow enforcement, as the compiled ones are */
 #endif

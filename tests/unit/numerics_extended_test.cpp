@@ -11,7 +11,6 @@ namespace zenithor {
 namespace {
 
 constexpr Extended kTenth = {0x1.999999999999ap-4, -0x1.998p-58};
-constexpr Extended kTurnsPerRadian = {0x1.45f306dc9c883p-3, -0x1.6bp-57};
 
 TEST(TimesExtended, IsTheProductRoundedToDouble) {
   EXPECT_EQ(TimesExtended(10.0, kTenth), 1.0);

@@ -31,6 +31,11 @@ if tools/run/build.sh linux bench_searches 2>/dev/null; then
   build/linux/bench/bench_searches --benchmark_min_time=0.3 2>/dev/null
 fi
 
+if [ -n "$(tools/setup/presets.sh wasm)" ]; then
+  echo
+  tools/run/bench_wasm.sh
+fi
+
 if [ -n "$(tools/setup/presets.sh win32)" ]; then
   echo
   echo "Building the timings of the 32-bit DLL"

@@ -16,6 +16,7 @@ python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
+wasm="emscripten"
 
 # What the target needs, as steps: step KIND SENTENCE PACKAGE...
 # KIND is needed or extra, SENTENCE says what it means when the packages cannot be had. What a step
@@ -40,11 +41,13 @@ steps() {
       step extra "The DLL's message box is not tested." xvfb xdotool
       step extra "The installer is not tested." nsis
       step extra "Nothing is tested for 64-bit ARM." $arm64
+      step extra "Nothing is tested for WebAssembly." $wasm
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       ;;
     bench)
       step needed "There is nothing to measure with." libbenchmark-dev libnova-dev valgrind
+      step extra "WebAssembly is not timed." $wasm
       step extra "The DLL is not timed." $mingw32
       step extra "The DLL is not timed." $wine
       ;;

@@ -13,6 +13,7 @@ for preset in "$@"; do
     win32 | win32-unit) needs="i686-w64-mingw32-g++-posix i686-w64-mingw32-g++-win32 $wine" ;;
     win64 | win64-unit) needs="x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-g++-win32 $wine" ;;
     arm64) needs="aarch64-linux-gnu-g++ ${wine:+qemu-aarch64}" ;;
+    wasm) needs="em++ em-config node" ;;
     fuzz) needs="clang++" ;;
     *) needs="g++" ;;
   esac

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 
 namespace zenithor::golden {
@@ -32,6 +33,19 @@ bool ReadWholeText(const std::string& text, Number& value) {
   const std::from_chars_result read = std::from_chars(text.data(), end, value);
   return read.ec == std::errc() && read.ptr == end;
 }
+
+#if defined(_LIBCPP_VERSION) && !defined(__cpp_lib_to_chars)
+// LLVM's library cannot read a double so. What strtod would take beyond it is refused first.
+bool ReadWholeText(const std::string& text, double& value) {
+  if (text.empty() || text.front() == '+' ||
+      text.find_first_not_of("0123456789.eE+-") != std::string::npos) {
+    return false;
+  }
+  char* end = nullptr;
+  value = std::strtod(text.c_str(), &end);
+  return end == text.c_str() + text.size();
+}
+#endif
 
 class Reader {
  public:
