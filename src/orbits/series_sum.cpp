@@ -47,6 +47,15 @@ class Angles {
     std::memcpy(next_ + kLanes<Real>, &angle.cosine, sizeof angle.cosine);
     next_ += 2 * kLanes<Real>;
   }
+  // The argument, counted from 1, of each lane's list.
+  void AppendArgument(const ArgumentList* lists, int argument) {
+    for (std::size_t lane = 0; lane < kLanes<Real>; ++lane) {
+      const CosineSine turned = CosineAndSine(lists[lane][argument - 1]);
+      next_[lane] = turned.sine;
+      next_[kLanes<Real> + lane] = turned.cosine;
+    }
+    next_ += 2 * kLanes<Real>;
+  }
   void AppendSum(AngleProduct of) {
     const AngleOf<Real> a = (*this)[of.first];
     const AngleOf<Real> b = (*this)[of.second];
@@ -64,14 +73,7 @@ Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, Ser
   Angles<Real> made(room);
   made.Append({InEveryLane<Real>(0.0), InEveryLane<Real>(1.0)});
   for (const std::int8_t argument : angles.arguments) {
-    double sines[kLanes<Real>];
-    double cosines[kLanes<Real>];
-    for (std::size_t lane = 0; lane < kLanes<Real>; ++lane) {
-      const auto [cosine, sine] = CosineAndSine(lists[lane][argument - 1]);
-      sines[lane] = sine;
-      cosines[lane] = cosine;
-    }
-    made.Append({FromLanes<Real>(sines), FromLanes<Real>(cosines)});
+    made.AppendArgument(lists, argument);
   }
   for (const AngleProduct product : angles.multiples) {
     made.AppendSum(product);
