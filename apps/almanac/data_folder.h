@@ -1,12 +1,14 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace zenithor::almanac {
 
-// The folder in which the library looks for its data files, there or not. On Windows it lies in the
-// user's roaming application data; elsewhere in $XDG_DATA_HOME, which must be absolute, or
-// ~/.local/share. Throws Failure where there is no folder for application data.
-std::filesystem::path DataFolder();
+// The folders in which the library looks for its data files, there or not, in this order. On
+// Windows one, in the user's roaming application data. Elsewhere first the user's, in
+// $XDG_DATA_HOME, which must be absolute, or ~/.local/share; then the system's, in the absolute
+// ones of $XDG_DATA_DIRS, or /usr/local/share and /usr/share. Throws Failure where there is none.
+std::vector<std::filesystem::path> DataFolders();
 
 }  // namespace zenithor::almanac

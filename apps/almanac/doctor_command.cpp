@@ -1,11 +1,14 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <system_error>
+#include <vector>
 
 #include "bodies.h"
 #include "commands.h"
@@ -100,11 +103,34 @@ bool AsksForEveryBody(const ZenithorLibrary& library, Report& report) {
   return not_available.empty();
 }
 
+bool HasBothFiles(const std::filesystem::path& folder) {
+  std::error_code ignored;  // what cannot be looked at is not there
+  return std::filesystem::exists(folder / kDataFiles[0], ignored) &&
+         std::filesystem::exists(folder / kDataFiles[1], ignored);
+}
+
+// The folder whose files the library takes: the first that has both; where none has, the first of
+// all. The head of the report names all that it looks into.
+std::filesystem::path FindFolder(Report& report) {
+  const std::vector<std::filesystem::path> folders = DataFolders();
+  report.head = {"The library looks for its data files in " + folders.front().u8string()};
+  for (std::size_t k = 1; k < folders.size(); ++k) {
+    report.head.push_back("then in " + folders[k].u8string());
+  }
+  const auto found = std::find_if(folders.begin(), folders.end(), HasBothFiles);
+  if (found == folders.end()) {
+    return folders.front();
+  }
+  if (found != folders.begin()) {
+    report.head.push_back("and takes those in " + found->u8string());
+  }
+  return *found;
+}
+
 // The library is loaded only where both files are there: a load without them shows a box on
 // Windows.
 bool Examine(Session& session, Report& report) {
-  const std::filesystem::path folder = DataFolder();
-  report.head = {"The library looks for its data files in " + folder.u8string()};
+  const std::filesystem::path folder = FindFolder(report);
   const std::optional<Manifest> manifest = ReadManifest(folder, report);
   report.tables.push_back(
       {"files",
@@ -112,10 +138,8 @@ bool Examine(Session& session, Report& report) {
        {}});
   Table& table = report.tables.back();
   bool good = true;
-  bool there = true;
   for (const char* const name : kDataFiles) {
     good = AddFile(folder, name, manifest, table) && good;
-    there = there && std::filesystem::exists(folder / name);
   }
   if (!good) {
     report.notes.emplace_back(
@@ -123,7 +147,7 @@ bool Examine(Session& session, Report& report) {
         "the "
         "installer.");
   }
-  if (!there) {
+  if (!HasBothFiles(folder)) {
     return false;
   }
   return AsksForEveryBody(session.Library(), report) && good;

@@ -205,7 +205,8 @@ void AddNotAvailable(const std::vector<std::string>& bodies, Report& report) {
 #ifdef _WIN32
   constexpr char kFolder[] = "tavvin_files\\archive in the application-data folder (%APPDATA%)";
 #else
-  constexpr char kFolder[] = "tavvin_files/archive in $XDG_DATA_HOME (without it ~/.local/share)";
+  constexpr char kFolder[] =
+      "tavvin_files/archive in $XDG_DATA_HOME (without it ~/.local/share) or in $XDG_DATA_DIRS";
 #endif
   report.notes.push_back("Not available: " + CLI::detail::join(bodies, ", ") + ".");
   report.notes.push_back(

@@ -1,5 +1,6 @@
-// Library load on Linux: the data are looked for in $XDG_DATA_HOME, else in ~/.local/share, with
-// the same two levels below it as on Windows; the warning goes to standard error.
+// Library load on Linux: the data are looked for in the user's folder for application data and then
+// in the system's, with the same two levels below it as on Windows; the warning goes to standard
+// error.
 
 #include <fcntl.h>
 #include <poll.h>
@@ -8,38 +9,14 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
+#include "entry/data_files.h"
 #include "entry/library_load.h"
 #include "ephemeris/file_open.h"
 #include "host/boundary.h"
 #include "host/process_state.h"
 
 namespace {
-
-constexpr char kIndexFile[] = "/tavvin_files/archive/karvo.ndx";
-constexpr char kDataFile[] = "/tavvin_files/archive/karvo.dat";
-
-char* Joined(const char* first, const char* second, const char* third) {
-  const std::size_t size = std::strlen(first) + std::strlen(second) + std::strlen(third) + 1;
-  auto* const text = static_cast<char*>(std::malloc(size));
-  if (text != nullptr) {
-    static_cast<void>(std::snprintf(text, size, "%s%s%s", first, second, third));
-  }
-  return text;
-}
-
-// A file below the folder for application data, on the heap; null where there is no such folder.
-// The environment of a process that runs with more rights than its caller is not followed, and a
-// relative XDG_DATA_HOME is no folder (XDG Base Directory Specification: it is ignored).
-char* DataPath(const char* file) {
-  const char* const data_home = secure_getenv("XDG_DATA_HOME");
-  if (data_home != nullptr && data_home[0] == '/') {
-    return Joined(data_home, "", file);
-  }
-  const char* const home = secure_getenv("HOME");
-  return home == nullptr || home[0] == '\0' ? nullptr : Joined(home, "/.local/share", file);
-}
 
 // Whether descriptor 2 can be standard error, and a line on it neither overwrites something, nor
 // waits, nor ends the process. A descriptor that the program was started with is not close-on-exec;
@@ -77,12 +54,14 @@ void WarnMissingFile() {
 
 __attribute__((constructor)) void LoadFromApplicationData() {
   const zenithor::HostBoundary boundary;
-  char* const index_name = DataPath(kIndexFile);
-  char* const data_name = DataPath(kDataFile);
-  zenithor::LoadEphemeris(zenithor::process_state.store,
-                          {index_name, data_name, zenithor::FileExists, WarnMissingFile});
-  std::free(index_name);
-  std::free(data_name);
+  // The environment of a process that runs with more rights than its caller is not followed.
+  const zenithor::DataFiles files = zenithor::FindDataFiles(
+      {secure_getenv("XDG_DATA_HOME"), secure_getenv("HOME"), secure_getenv("XDG_DATA_DIRS")},
+      zenithor::FileExists);
+  zenithor::LoadEphemeris(zenithor::process_state.store, {files.index_path, files.data_path,
+                                                          zenithor::FileExists, WarnMissingFile});
+  std::free(files.index_path);
+  std::free(files.data_path);
 }
 
 }  // namespace

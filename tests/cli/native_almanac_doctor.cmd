@@ -28,6 +28,15 @@ doctor "a manifest that is none"
 rm $archive/karvo.dat $archive/manifest.json
 doctor "no data file"
 rm -r tavvin_files
+# The folders of the system, the first of which has one file only; a relative one counts as not given.
+mkdir -p a/$archive b/$archive
+cp "$ROOT"/out/data/archive/karvo.ndx a/$archive
+cp "$ROOT"/out/data/archive/* b/$archive
+export XDG_DATA_DIRS="$PWD/a:b:$PWD/b:$PWD/c"
+doctor "the system's folder"
+rm b/$archive/karvo.dat
+doctor "one file in each of the system's folders"
+export XDG_DATA_DIRS=relative
 "$ROOT/out/linux/almanac" doctor --format csv | sed "s|$PWD|FOLDER|"
 unset XDG_DATA_HOME
 HOME= "$ROOT/out/linux/almanac" doctor

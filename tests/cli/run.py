@@ -4,7 +4,7 @@
     run.py [--write] NAME=COMMAND... TEST.cmd...
 
 In the scripts, $NAME runs the command, which is quoted as a shell wants it, and $ROOT is the repository;
-they run in an empty folder of their own.
+they run in an empty folder of their own, without the data files that the system may have.
 Standard output and standard error are compared together, the exit status is the last line. Of a
 number six decimals are compared: the last bits may differ from platform to platform. --write writes
 the .out files instead.
@@ -36,7 +36,8 @@ def output_of(script, commands):
     with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as bin_folder:
         run = subprocess.run(["sh", "-eu", str(script)], cwd=folder, text=True, encoding="utf-8",
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
-                             env={**os.environ, "ROOT": str(ROOT), **programs(commands, bin_folder)})
+                             env={**os.environ, "ROOT": str(ROOT), "XDG_DATA_DIRS": "relative",
+                                  **programs(commands, bin_folder)})
     # Windows programs end lines with carriage return and line feed.
     output = run.stdout.replace("\r", "") + f"exit status {run.returncode}\n"
     return re.sub(r"([0-9]\.[0-9]{6})[0-9]+", r"\1", output)

@@ -1,5 +1,6 @@
 /* Watches the heap while the library loads (Linux): no path of a data file stays on it.
- *   load_heap_host LIBRARY
+ *   load_heap_host LIBRARY PATHS
+ * PATHS: how many it composes until it has found the files.
  * The allocator of this program hands on to that of the C library and remembers what is in use. */
 #include "host.h"
 
@@ -63,8 +64,8 @@ int main(int count, char** words) {
   ZenithorLibrary library;
   int paths_left = 0;
   int k = 0;
-  if (count < 2) {
-    fprintf(stderr, "usage: load_heap_host LIBRARY\n");
+  if (count < 3) {
+    fprintf(stderr, "usage: load_heap_host LIBRARY PATHS\n");
     return EXIT_FAILURE;
   }
   watching = 1;
@@ -75,8 +76,8 @@ int main(int count, char** words) {
   }
   printf("paths on the heap: %d freed, %d left\n", paths_freed, paths_left);
   CHECK(missed == 0);
-  /* The two names, and one of each file for every load of a body. */
-  CHECK(paths_freed == 2 + 2 * 9);
+  /* Those, and one of each file for every load of a body. */
+  CHECK(paths_freed == atoi(words[2]) + 2 * 9);
   CHECK(paths_left == 0);
   return HOST_RESULT;
 }

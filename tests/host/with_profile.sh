@@ -4,7 +4,7 @@
 #   with_profile.sh DIR [OPTION...] -- PROGRAM [ARGUMENT...]
 # A Windows program (PROGRAM.exe) gets a Wine prefix in DIR: its own registry, users and Wine
 # server, so that tests neither see nor wait for each other; only the windows folder is that of
-# build/wine. Any other program gets DIR/share as XDG_DATA_HOME.
+# build/wine. Any other program gets DIR/share as XDG_DATA_HOME and DIR/system as XDG_DATA_DIRS.
 #   --archive DIR    where the two data files are copied from
 #   --files WHICH    which of them the profile holds: both (the default), index, data, none
 #   --cut BYTES      the data file ends after so many bytes
@@ -20,12 +20,15 @@
 #   --home-is PATH, --data-home-is PATH
 #                    the same with HOME or XDG_DATA_HOME set to PATH as it stands: a name in DIR, where
 #                    the program then runs; the root, where nothing is put; - for an empty one (Linux)
+#   --system WHICH   which of the two files DIR/system holds: both, index, empty (both, without a byte);
+#                    without this it has none (Linux)
+#   --data-dirs LIST XDG_DATA_DIRS, in which % stands for DIR (Linux)
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 directory=$1
 shift
 archive='' files=both user=almanac desktop=yes screen='' opens='' warnings='' expected='' code=0 home=''
-home_is='' data_home_is=unset cut=''
+home_is='' data_home_is=unset cut='' system='' data_dirs=%/system
 while [ "$1" != -- ]; do
   case $1 in
     --archive) archive=$2; shift ;;
@@ -42,6 +45,8 @@ while [ "$1" != -- ]; do
     --no-home) home=none ;;
     --home-is) home=is home_is=${2#-}; shift ;;
     --data-home-is) home=${home:-data} data_home_is=${2#-}; shift ;;
+    --system) system=$2; shift ;;
+    --data-dirs) data_dirs=$2; shift ;;
     *) echo "with_profile: unknown option $1" >&2; exit 1 ;;
   esac
   shift
@@ -61,7 +66,7 @@ chmod -R u+w "$directory" 2>/dev/null || true
 rm -rf "$directory"
 mkdir -p "$directory"
 directory=$(cd "$directory" && pwd)
-unset DISPLAY WAYLAND_DISPLAY XDG_DATA_HOME
+unset DISPLAY WAYLAND_DISPLAY XDG_DATA_HOME XDG_DATA_DIRS
 export LC_ALL=C.UTF-8
 
 if [ -n "$windows" ]; then
@@ -114,6 +119,15 @@ for file in $copied; do
   fi
   cp "$archive/$file" "$data"
 done
+if [ -n "$system" ]; then
+  mkdir -p "$directory/system/tavvin_files/archive"
+  case $system in
+    both) cp "$archive"/karvo.ndx "$archive"/karvo.dat "$directory/system/tavvin_files/archive" ;;
+    index) cp "$archive/karvo.ndx" "$directory/system/tavvin_files/archive" ;;
+    empty) : | tee "$directory"/system/tavvin_files/archive/karvo.{ndx,dat} ;;
+    *) echo "with_profile: --system $system" >&2; exit 1 ;;
+  esac
+fi
 [ -z "$cut" ] || truncate --size "$cut" "$data/karvo.dat"
 
 screen_process=''
@@ -150,6 +164,7 @@ else
     *) export XDG_DATA_HOME=$directory/share ;;
   esac
   [ "$data_home_is" = unset ] || export XDG_DATA_HOME=$data_home_is
+  export XDG_DATA_DIRS=${data_dirs//%/$directory}
   cd "$directory"
 fi
 status=0
