@@ -477,6 +477,8 @@ typedef wchar_t ZenithorValuesPathCharacter; /* paths are UTF-16 */
 #else
 typedef char ZenithorValuesPathCharacter;
 #define ZENITHOR_VALUES_LIBRARY_NAME "libzenithor_values.so"
+/* What linked programs ask for, and the one name that there is where no developer's files are. */
+#define ZENITHOR_VALUES_LIBRARY_SONAME "libzenithor_values.so.1"
 #endif
 
 /* Sets the function pointer at `function`, `size` bytes wide, to the export of that name. */
@@ -502,21 +504,21 @@ ZENITHOR_VALUES_INLINE void ZenithorValuesClose(ZenithorValuesLibrary* library) 
   memset(library, 0, sizeof *library);
 }
 
-/* Loads the library from `path` (null: ZENITHOR_VALUES_LIBRARY_NAME, by the system's search order)
- * and finds its functions. Returns 1, or 0 with every member null where the library cannot be
- * loaded (GetLastError or dlerror says why) or does not export ZenithorValue. A 32-bit process
- * loads the 32-bit library. */
+/* Loads the library from `path` (null: ZENITHOR_VALUES_LIBRARY_NAME, by the system's search order;
+ * on Linux first ZENITHOR_VALUES_LIBRARY_SONAME) and finds its functions. Returns 1, or 0 with
+ * every member null where the library cannot be loaded (GetLastError or dlerror says why) or does
+ * not export ZenithorValue. A 32-bit process loads the 32-bit library. */
 ZENITHOR_VALUES_INLINE int ZenithorValuesOpen(ZenithorValuesLibrary* library,
                                               const ZenithorValuesPathCharacter* path) {
   void* handle;
   memset(library, 0, sizeof *library);
-  if (path == NULL) {
-    path = ZENITHOR_VALUES_LIBRARY_NAME;
-  }
 #if defined(_WIN32)
-  handle = (void*)LoadLibraryW(path);
+  handle = (void*)LoadLibraryW(path == NULL ? ZENITHOR_VALUES_LIBRARY_NAME : path);
 #else
-  handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+  handle = dlopen(path == NULL ? ZENITHOR_VALUES_LIBRARY_SONAME : path, RTLD_NOW | RTLD_LOCAL);
+  if (handle == NULL && path == NULL) {
+    handle = dlopen(ZENITHOR_VALUES_LIBRARY_NAME, RTLD_NOW | RTLD_LOCAL);
+  }
 #endif
   if (handle == NULL) {
     return 0;

@@ -410,6 +410,8 @@ typedef wchar_t ZenithorPathCharacter; /* paths are UTF-16 */
 #else
 typedef char ZenithorPathCharacter;
 #define ZENITHOR_LIBRARY_NAME "libzenithor.so"
+/* What linked programs ask for, and the one name that there is where no developer's files are. */
+#define ZENITHOR_LIBRARY_SONAME "libzenithor.so.1"
 #endif
 
 /* Sets the function pointer at `function`, `size` bytes wide, to the export of that name. */
@@ -474,17 +476,21 @@ ZENITHOR_INLINE HMODULE ZenithorLoadByName(void) {
 
 /* Loads the library from `path`, best a full one, and finds its functions. Null looks for
  * ZENITHOR_LIBRARY_NAME: on Windows in the program's own folder and in the system's (see
- * ZenithorLoadByName), on Linux by the dynamic linker's order; in neither case in the current
- * directory. Returns 1, or 0 with every member null where the library cannot be loaded
- * (GetLastError or dlerror says why) or does not export ZENITHOR. The data files are read here, and
- * the warning about a missing one is shown here. A 32-bit process loads the 32-bit library. */
+ * ZenithorLoadByName), on Linux by the dynamic linker's order, first for ZENITHOR_LIBRARY_SONAME;
+ * in neither case in the current directory. Returns 1, or 0 with every member null where the
+ * library cannot be loaded (GetLastError or dlerror says why) or does not export ZENITHOR. The data
+ * files are read here, and the warning about a missing one is shown here. A 32-bit process loads
+ * the 32-bit library. */
 ZENITHOR_INLINE int ZenithorOpen(ZenithorLibrary* library, const ZenithorPathCharacter* path) {
   void* handle;
   memset(library, 0, sizeof *library);
 #if defined(_WIN32)
   handle = (void*)(path == NULL ? ZenithorLoadByName() : LoadLibraryW(path));
 #else
-  handle = dlopen(path == NULL ? ZENITHOR_LIBRARY_NAME : path, RTLD_NOW | RTLD_LOCAL);
+  handle = dlopen(path == NULL ? ZENITHOR_LIBRARY_SONAME : path, RTLD_NOW | RTLD_LOCAL);
+  if (handle == NULL && path == NULL) {
+    handle = dlopen(ZENITHOR_LIBRARY_NAME, RTLD_NOW | RTLD_LOCAL);
+  }
 #endif
   if (handle == NULL) {
     return 0;

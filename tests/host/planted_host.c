@@ -80,7 +80,7 @@ int main(int count, char** words) {
     return EXIT_FAILURE;
   }
   CHECK(chdir(words[2]) == 0);
-  CHECK(access(ZENITHOR_LIBRARY_NAME, R_OK) == 0);
+  CHECK(access(ZENITHOR_LIBRARY_NAME, R_OK) == 0 && access(ZENITHOR_LIBRARY_SONAME, R_OK) == 0);
   CHECK(!OpenByName());
   return HOST_RESULT;
 }

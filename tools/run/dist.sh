@@ -13,7 +13,8 @@ cp out/win32/{zenithor_values.dll,libzenithor_values.dll.a,zenithor_values.lib} 
 cp out/win32/{zenithor.dll,libzenithor.dll.a,zenithor.lib,almanac.exe} "$staging/win32/"
 cp out/win64/{zenithor_values.dll,libzenithor_values.dll.a,zenithor_values.lib} "$staging/win64/"
 cp out/win64/{zenithor.dll,libzenithor.dll.a,zenithor.lib} "$staging/win64/"
-cp out/linux/libzenithor{,_values}.so "$staging/linux/"
+# Files under both names, not links: not everything that unpacks a zip archive makes links.
+cp out/linux/libzenithor{,_values}.so{,.1} "$staging/linux/"
 cp out/data/archive/{karvo.ndx,karvo.dat,manifest.json} "$staging/data/archive/"
 cp docs/*.md "$staging/docs/"
 cp -r docs/pictures "$staging/docs/"
