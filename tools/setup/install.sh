@@ -9,7 +9,7 @@ export DEBIAN_FRONTEND=noninteractive LC_ALL=C
 target=${1:-run}
 
 native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev"
-checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git"
+checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git pkg-config"
 mingw32="g++-mingw-w64-i686"
 mingw="$mingw32 g++-mingw-w64-x86-64"
 python="python3-venv python3-numpy python3-pytest python3-hypothesis"
