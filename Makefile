@@ -6,8 +6,8 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit arm64 wasm asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:
-.PHONY: help run test dll native data python bench fuzz soak dist clean data-files \
-  setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-python
+.PHONY: help run test dll native data python bench fuzz soak dist deb clean data-files \
+  setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python
 
 help:
 	@echo "make run      today's places of Sun, Moon and planets, from the 32-bit DLL under Wine"
@@ -20,6 +20,7 @@ help:
 	@echo "make fuzz     every fuzz target, ten minutes in all"
 	@echo "make soak     a chart host for MINUTES=60, natively and in the 32-bit DLL"
 	@echo "make dist     the SDK archive and the installer, in out/dist"
+	@echo "make deb      out/dist: the Debian packages"
 	@echo "make clean    removes build/ and out/"
 
 run: setup-run data-files
@@ -58,8 +59,11 @@ dist: setup-dist data-files
 	tools/run/build.sh linux zenithor zenithor_values
 	@tools/run/dist.sh
 
+deb: setup-deb
+	@echo "Building the Debian packages" && tools/run/deb.sh
+
 clean:
 	@rm -rf build out && echo "Removed build/ and out/"
 
-setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-python: setup-%:
+setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python: setup-%:
 	@tools/setup/install.sh $*

@@ -42,12 +42,10 @@ zenithor_pc_file(zenithor_values
   "Positions, rising, events and searches, by numbers and arrays, with the data inside")
 
 if(TARGET almanac)
-  # It loads the library when it runs: the one of its own tree. Also where it is built, since CMake
-  # would keep the place free with a path that means the current directory.
+  # It loads the library when it runs: the one of its own tree.
   if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_BINDIR} AND NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
     file(RELATIVE_PATH to_library /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-    set_target_properties(almanac PROPERTIES
-      BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${to_library}")
+    target_compile_definitions(almanac PRIVATE ZENITHOR_LIBRARY_FOLDER="${to_library}")
   endif()
   install(TARGETS almanac DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
 endif()

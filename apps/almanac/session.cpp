@@ -7,7 +7,9 @@
 
 #include "session.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "failure.h"
 
@@ -86,28 +88,31 @@ std::string Shown(const Path& path) { return path; }
 
 #endif
 
-Path DefaultPath() {
-  Path name = ZENITHOR_LIBRARY_NAME;
+// Beside the program, or where it is when both are installed below one folder; else nothing.
+Path PathInOwnTree() {
   const Path program = ProgramPath();
   const std::size_t separator = program.find_last_of(kSeparators);
-  if (separator != Path::npos) {
-    Path beside = program.substr(0, separator + 1) + name;
-    if (Exists(beside)) {
-      return beside;
-    }
+  if (separator == Path::npos) {
+    return {};
   }
-  return name;
+  const Path folder = program.substr(0, separator + 1);
+  std::vector<Path> paths = {folder + ZENITHOR_LIBRARY_NAME};
+#ifdef ZENITHOR_LIBRARY_FOLDER
+  paths.push_back(folder + ZENITHOR_LIBRARY_FOLDER "/" ZENITHOR_LIBRARY_SONAME);
+#endif
+  const auto found = std::find_if(paths.begin(), paths.end(), Exists);
+  return found == paths.end() ? Path() : *found;
 }
 
 }  // namespace
 
 const ZenithorLibrary& Session::Library() {
   if (library_.Handle == nullptr) {
-    const Path path = library_path.empty() ? DefaultPath() : Native(library_path);
-    if (ZenithorOpen(&library_, path.c_str()) == 0) {
+    const Path path = library_path.empty() ? PathInOwnTree() : Native(library_path);
+    if (ZenithorOpen(&library_, path.empty() ? nullptr : path.c_str()) == 0) {
       throw Failure(
           "{} cannot be loaded: {}; make dll and make native build it, --library names it",
-          Shown(path), Reason());
+          Shown(path.empty() ? ZENITHOR_LIBRARY_NAME : path), Reason());
     }
   }
   return library_;

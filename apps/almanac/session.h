@@ -10,7 +10,8 @@ namespace zenithor::almanac {
 // status.
 class Session {
  public:
-  // Where to load the library from; empty: beside the program, else where the system looks.
+  // Where to load the library from; empty: beside the program, else where both are installed,
+  // else where the system looks.
   std::string library_path;
   int exit_status = 0;
 

@@ -29,49 +29,20 @@ while [ $# -gt 0 ]; do
 done
 mkdir -p "${ZENITHOR_FRESH:-build/fresh}"
 work=$(cd "${ZENITHOR_FRESH:-build/fresh}" && pwd)
-if [ "$(id -u)" != 0 ] || ! command -v debootstrap >/dev/null; then
-  echo "fresh.sh needs root and debootstrap" >&2
-  exit 1
-fi
+. tools/check/bare_debian.sh
 exec 9>"$work/lock"
 if ! flock -n 9; then
   echo "Another fresh.sh works in $work" >&2
   exit 1
 fi
 
-# What this machine's sources say of a suite: its mirror.
-this_release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-mirror_of() {
-  apt-get indextargets --format '$(REPO_URI) $(RELEASE)' 'Created-By: Packages' |
-    awk -v suite="$this_release$1" '$2 == suite { print $1; exit }'
-}
-mirror=$(mirror_of "")
 security_mirror=$(mirror_of -security)
-if [ -z "$mirror" ]; then
-  echo "No mirror of $this_release stands in this machine's sources" >&2
-  exit 1
-fi
-
-# inside SYSTEM COMMAND...: in mount and process namespaces of their own, so that neither mounts nor
-# processes outlive the command.
-inside() {
-  unshare --mount --pid --fork --kill-child /bin/sh -c '
-    system=$1
-    shift
-    mount -t proc proc "$system/proc" && mount --rbind /dev "$system/dev" || exit 1
-    exec chroot "$system" env -i HOME=/srv TERM=dumb LANG=C.UTF-8 \
-      PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin "$@"' sh "$@" </dev/null
-}
 
 # make_base SYSTEM SECURITY LOG: the bare system, with what cloning and make need.
 make_base() {
   local system=$1 security=$2
   unshare --mount debootstrap --variant=minbase "$release" "$system" "$mirror" || return 1
-  for file in /etc/resolv.conf /etc/hosts; do
-    [ ! -f $file ] || cp $file "$system/etc/"
-  done
-  # How this machine reaches its mirror.
-  apt-config dump | grep -E '^Acquire::(Check-|Retries|[Hh]ttps?::)' >"$system/etc/apt/apt.conf.d/90mirror"
+  tell_of_mirror "$system"
   echo "deb $mirror $release main" >"$system/etc/apt/sources.list"
   if [ "$security" = yes ]; then
     echo "deb $mirror $release-updates main" >>"$system/etc/apt/sources.list"

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs, on Debian and its relatives, what a target needs and the machine lacks.
-#   install.sh native|dll|run|test|bench|dist|python
+#   install.sh native|dll|run|test|bench|dist|deb|python
 # Asks sudo once where the caller is not root. Compilers for Windows, Wine and the like are steps of
 # their own: where one cannot be had, that is said and the rest goes on. Ends with 1 where the target
 # is not possible at all, or where ZENITHOR_CI is set and anything is missing.
@@ -15,6 +15,7 @@ mingw="$mingw32 g++-mingw-w64-x86-64"
 python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
+debian="dpkg-dev debhelper"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 wasm="emscripten"
 
@@ -42,6 +43,7 @@ steps() {
       step extra "The installer is not tested." nsis
       step extra "Nothing is tested for 64-bit ARM." $arm64
       step extra "Nothing is tested for WebAssembly." $wasm
+      step extra "The Debian packages are not tested." $debian
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       ;;
@@ -56,12 +58,15 @@ steps() {
       step needed "There is no zenithor.lib for Microsoft's linker." llvm
       step extra "There is no installer." nsis
       ;;
+    deb)
+      step needed "There are no packages." $debian
+      ;;
     python)
       step extra "There are no wheels for Windows." $mingw
       step extra "There is no wheel for 64-bit ARM." g++-aarch64-linux-gnu libsimde-dev
       ;;
     *)
-      echo "install.sh: native, dll, run, test, bench, dist or python, not \"$target\"" >&2
+      echo "install.sh: native, dll, run, test, bench, dist, deb or python, not \"$target\"" >&2
       exit 1
       ;;
   esac
