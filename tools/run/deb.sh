@@ -15,7 +15,8 @@ if [ "${packed%-*}" != "$version" ]; then
   echo "packaging/debian/changelog:1: not the version of zenithor.h, $version" >&2
   exit 1
 fi
-rm -rf "$work"/zenithor "$work"/*.deb
+# CMake takes the flags when it starts anew; what they leave as it was is not compiled again.
+rm -rf "$work"/zenithor "$work"/*.deb "$work"/objects*/CMakeCache.txt
 mkdir -p "$work/zenithor"
 cp -a CMakeLists.txt CHANGELOG.md LICENSE README.md apps cmake data docs include packaging src "$work/zenithor"
 mv "$work/zenithor/packaging/debian" "$work/zenithor/debian"
