@@ -20,7 +20,7 @@ attempt() { "$@" >>"$log" 2>&1 || { tail -n 20 "$log" >&2; echo "debian_packages
 
 : >"$log"
 tools/run/build.sh linux data answers_hash
-attempt tests/install/check_debian.sh build/linux/tests/host/answers_hash "$work/made"
+attempt tests/install/check_debian.sh "$PWD/build/linux/tests/host/answers_hash" "$work/made"
 attempt unshare --mount debootstrap --variant=minbase "$release" "$system" "$mirror"
 tell_of_mirror "$system"
 echo "deb $mirror $release main" >"$system/etc/apt/sources.list"
