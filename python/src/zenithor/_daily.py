@@ -8,9 +8,10 @@ from typing import TYPE_CHECKING, Any, Literal, Optional, Tuple, Union, overload
 import numpy as np
 import numpy.typing as npt
 
+from ._arrays import FloatArray, listed_ints
 from ._codes import Body, BodyLike, RiseStatus, body_of
 from ._library import LIBRARY, raise_for
-from ._times import FloatArray, TimesLike, _array_of, datetime64_of_days, days_of_datetime64, julian_days
+from ._times import TimesLike, _array_of, datetime64_of_days, days_of_datetime64, julian_days
 
 if TYPE_CHECKING:
     import pandas as pd
@@ -154,7 +155,7 @@ def rise(
     julian_day = np.full((len(columns[0]), 3), np.nan)
     status = np.full((len(columns[0]), 3), int(RiseStatus.UNSETTLED), dtype=np.int32)
     known = np.flatnonzero(~np.isnan(np.array(columns)).any(axis=0))
-    for k in known.tolist():
+    for k in listed_ints(known):
         answer = LIBRARY.Daily(code, *(float(column[k]) for column in columns), julian_day[k].ctypes.data,
                                status[k].ctypes.data)
         raise_for(answer, "rise")

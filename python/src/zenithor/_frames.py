@@ -28,13 +28,13 @@ def with_origin(frame: "pd.DataFrame", **attributes: Any) -> "pd.DataFrame":
 
 
 def utc_index(times: Any, name: str) -> Any:
-    """``datetime64`` as a ``DatetimeIndex`` in UTC."""
+    """``datetime64`` as a ``DatetimeIndex`` in UTC: in its own unit, but before pandas 2 in nanoseconds."""
     pd = pandas()
     try:
         return pd.DatetimeIndex(np.asarray(times), tz="UTC", name=name)
     except pd.errors.OutOfBoundsDatetime as error:
         raise ValueError(
-            "pandas holds times from 1677-09-22 to 2262-04-11 only; ask for arrays (without frame) of "
+            "this pandas holds times from 1677-09-22 to 2262-04-11 only; ask for arrays (without frame) of "
             "what lies beyond"
         ) from error
 

@@ -5,9 +5,10 @@ from typing import TYPE_CHECKING, Any, Dict, Literal, Optional, Sequence, Tuple,
 
 import numpy as np
 
+from ._arrays import FloatArray
 from ._codes import Body, BodyLike, Field, FieldLike, codes_of, unit
 from ._library import LIBRARY
-from ._times import FloatArray, MomentLike, TimesLike, julian_days
+from ._times import MomentLike, TimesLike, julian_days
 
 if TYPE_CHECKING:
     import pandas as pd

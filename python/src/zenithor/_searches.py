@@ -7,6 +7,7 @@ from typing import TYPE_CHECKING, Any, Callable, List, Literal, Optional, Sequen
 import numpy as np
 import numpy.typing as npt
 
+from ._arrays import FloatArray
 from ._codes import (
     Body,
     BodyLike,
@@ -21,7 +22,7 @@ from ._codes import (
     kind_set_of,
 )
 from ._library import FIRST_DAY, LAST_DAY, LIBRARY, raise_for, text
-from ._times import FloatArray, MomentLike, datetime64, moment
+from ._times import MomentLike, datetime64, moment
 
 if TYPE_CHECKING:
     import pandas as pd
@@ -54,7 +55,8 @@ class Moments:
     def frame(self) -> "pd.DataFrame":
         """A ``DataFrame`` with a row for each moment; bodies and kinds as words, ``time`` in UTC.
 
-        Raises ``ValueError`` where pandas does not hold the time (before 1677 and after 2262).
+        Raises ``ValueError`` where pandas does not hold the time: before 1677 and after 2262, in
+        pandas 1.
         """
         from ._frames import categories, pandas, utc_index, with_origin
 

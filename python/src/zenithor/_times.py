@@ -12,9 +12,9 @@ from typing import Any, Optional, Sequence, Tuple, Union
 import numpy as np
 import numpy.typing as npt
 
+from ._arrays import FloatArray, listed_floats
 from ._library import LIBRARY
 
-FloatArray = npt.NDArray[np.float64]
 MomentLike = Union[float, str, date, np.datetime64, None]
 TimesLike = Union[MomentLike, Sequence[Any], npt.NDArray[Any], Any]
 
@@ -39,8 +39,8 @@ def _leap_periods() -> Tuple[FloatArray, FloatArray]:
     global _leap_table
     if _leap_table is None:
         months = np.arange("1972-01", "2101-01", dtype="M8[M]").astype("M8[D]").astype(np.int64)
-        starts = months + _EPOCH
-        seconds = np.array([LIBRARY.DynamicalLessClock(start) for start in starts.tolist()])
+        starts: FloatArray = (months + _EPOCH).astype(np.float64)
+        seconds = np.array([LIBRARY.DynamicalLessClock(start) for start in listed_floats(starts)])
         steps = np.flatnonzero(np.diff(seconds, prepend=np.nan) != 0)
         _leap_table = starts[steps], seconds[steps]
     return _leap_table
@@ -59,14 +59,14 @@ def clock_to_dynamical(days: FloatArray) -> FloatArray:
     other = ~plain & ~np.isnan(flat)
     if other.any():
         convert = LIBRARY.ClockToDynamical
-        answers[other] = [convert(day) for day in flat[other].tolist()]
+        answers[other] = [convert(day) for day in listed_floats(flat[other])]
     return answers.reshape(days.shape)
 
 
 def dynamical_to_clock(days: FloatArray) -> FloatArray:
     """``ZenithorDynamicalToClock`` of each day."""
     convert = LIBRARY.DynamicalToClock
-    answers = np.array([convert(day) for day in days.ravel().tolist()], dtype=np.float64)
+    answers = np.array([convert(day) for day in listed_floats(days.ravel())], dtype=np.float64)
     return answers.reshape(days.shape)
 
 

@@ -16,9 +16,10 @@ try:
 except ImportError as error:
     raise ImportError("zenithor.dask needs Dask: pip install zenithor[dask]") from error
 
+from ._arrays import FloatArray
 from ._codes import Body, BodyLike, Field, FieldLike, codes_of, unit
 from ._positions import table
-from ._times import FloatArray, MomentLike, clock_to_dynamical, datetime64_of_days, days_of_datetime64, moment
+from ._times import MomentLike, clock_to_dynamical, datetime64_of_days, days_of_datetime64, moment
 
 # Processor time of a block of so many values: about a second.
 _VALUES_PER_BLOCK = 1 << 17
@@ -70,8 +71,9 @@ def _step_of_text(step: Any) -> Any:
     """``"1h"``, ``"15m"``, ``"1D"``: a whole number and a unit of ``datetime64``."""
     text = str(step)
     digits = text.rstrip("DhmsuW")
+    unit: Any = text[len(digits):]
     try:
-        return np.timedelta64(int(digits or "1"), text[len(digits):]).astype("m8[us]")
+        return np.timedelta64(int(digits or "1"), unit).astype("m8[us]")
     except (ValueError, TypeError):
         raise ValueError(f'step: {step!r} is not a step; write "1h", "15m", "1D" or a timedelta64') from None
 
@@ -108,7 +110,7 @@ def positions(
         where one body or field is given.
     dask.dataframe.DataFrame
         with a partition for each block, the clock times as its index, and a column ``mars_declination`` for each
-        body and field. Units are those of :func:`zenithor.unit`. pandas holds the years 1678 to 2261.
+        body and field. Units are those of :func:`zenithor.unit`. pandas 1 holds the years 1678 to 2261.
 
     Raises
     ------

@@ -5,11 +5,12 @@ from typing import Any, List, Optional, Sequence, Tuple, Union
 
 import numpy as np
 
+from .._arrays import FloatArray, evenly, listed_floats, listed_ints
 from .._codes import Body, BodyLike, Field, FieldLike, codes_of, field_of
 from .._library import LIBRARY
 from .._positions import table
 from .._searches import _span, stations
-from .._times import FloatArray, MomentLike, datetime64
+from .._times import MomentLike, datetime64
 from ._look import (
     DPI,
     PIXEL,
@@ -49,7 +50,7 @@ def _sampled(body: Body, field: Field, start: float, end: float) -> Tuple[FloatA
     least = 1200
     if body in (Body.MOON, Body.MERCURY):
         least = max(least, min(int((end - start) * 2), 40000))
-    days = np.linspace(start, end, least + 1)
+    days = evenly(start, end, least + 1)
     return days, table([body], [field], days)[:, 0, 0]
 
 
@@ -85,7 +86,7 @@ def _retrograde_spans(body: Body, field: Field, start: float, end: float) -> Lis
     if body in (Body.SUN, Body.MOON, Body.EARTH) or field == Field.HELIO_LONGITUDE:
         return []
     found = stations(body, start, end, field=field)
-    turns = list(zip(found.julian_day.tolist(), found.direction.tolist()))
+    turns = list(zip(listed_floats(found.julian_day), listed_ints(found.direction)))
     if turns:
         falls = turns[0][1] > 0
     else:
@@ -117,7 +118,7 @@ def _shade_and_mark(
             if len(bodies) == 1:
                 ax.axvspan(datetime64(first), datetime64(last), color=look.retrograde, linewidth=0, zorder=0.6)
             else:
-                days = np.linspace(first, last, 60)
+                days = evenly(first, last, 60)
                 xs, ys = wrapped(days, table([body], [field], days)[:, 0, 0], period)
                 ax.plot(datetime64(xs), ys, color=look.retrograde[:3], alpha=look.retrograde[3] * 1.8,
                         linewidth=12 * PIXEL, solid_capstyle="butt", zorder=0.8, label="_retrograde")
@@ -277,7 +278,7 @@ def declinations(
           f"{_FRAMES[Field.DECLINATION]}; time in UTC. Dotted: obliquity of the ecliptic, the Sun's limit")
     middle = np.array([(first + last) / 2])
     obliquity = float(np.degrees(table([Body.SUN], [Field.OBLIQUITY], middle)[0, 0, 0]))
-    values = table(chosen, [Field.DECLINATION], np.linspace(first, last, 400))
+    values = table(chosen, [Field.DECLINATION], evenly(first, last, 400))
     reach = np.nanmax(np.abs(values), initial=24.0) if np.isfinite(values).any() else 24.0
     limit = float(np.ceil(reach / 5 + 0.2) * 5)
     axes.set_ylim(-limit, limit)

@@ -153,7 +153,8 @@ def title(ax: Any, look: Tokens, what: str, how: str) -> None:
 def span_text(start: Any, end: Any) -> str:
     """A span in words: the year where it is one, else the dates of its first and last day."""
     first = np.datetime64(start, "D")
-    last = (np.datetime64(end, "ms") - np.timedelta64(1, "ms")).astype("M8[D]")
+    before_end: Any = np.datetime64(end, "ms") - np.timedelta64(1, "ms")
+    last = before_end.astype("M8[D]")
     whole_years = first == first.astype("M8[Y]") and last + 1 == (last + 1).astype("M8[Y]")
     if whole_years:
         years = str(first.astype("M8[Y]")), str(last.astype("M8[Y]"))

@@ -7,6 +7,7 @@ import numpy as np
 from matplotlib import dates as mdates
 from matplotlib import pyplot as plt
 
+from .._arrays import listed_ints
 from .._codes import Body, BodyLike, EventKind, KindLike, codes_of
 from .._searches import Events, events, stations
 from .._times import _array_of, datetime64, julian_days
@@ -180,7 +181,7 @@ def _draw_strip(
     pixels: float,
 ) -> List[str]:
     """The strip; what was left out."""
-    kinds = set(found.kind.tolist())
+    kinds = set(listed_ints(found.kind))
     rows: List[Tuple[str, float]] = []
     notes = []
     eclipses = kinds & set(_LETTERS)
@@ -202,21 +203,22 @@ def _draw_strip(
             notes.append(_draw_phases(strip, look, found, row, pixels, last - first))
         elif label == "Eclipses":
             marks = []
-            for time, kind in zip(found.time, found.kind.tolist()):
+            for time, kind in zip(found.time, listed_ints(found.kind)):
                 if kind in _LETTERS:
                     body = Body.SUN if kind < EventKind.SOLAR_ANY else Body.MOON
                     marks.append((time, GLYPHS[body] + _LETTERS[EventKind(kind)], look.text))
             notes.append(_left_out(_draw_marks(strip, look, marks, row), "eclipses"))
         else:
             turns = stations(bodies, first, last)
+            turning = zip(turns.time, listed_ints(turns.body), listed_ints(turns.direction))
             marks = [(time, GLYPHS[Body(body)] + ("D" if direction > 0 else "R"), look.text)
-                     for time, body, direction in zip(turns.time, turns.body.tolist(), turns.direction.tolist())]
+                     for time, body, direction in turning]
             notes.append(_left_out(_draw_marks(strip, look, marks, row), "stations"))
     end = -np.inf
     seasons_fit = pixels / max((last - first) / 91.3, 1) > 20
     if kinds & set(range(4)) and not seasons_fit:
         notes.append("seasons")
-    for time, kind in zip(found.time, found.kind.tolist()):
+    for time, kind in zip(found.time, listed_ints(found.kind)):
         if kind < 4 and seasons_fit:
             for axes in (ax, strip):
                 axes.axvline(time, color=look.quiet, linewidth=PIXEL, linestyle=(0, (2, 3)), zorder=1)
