@@ -18,6 +18,7 @@ cp out/linux/libzenithor{,_values}.so{,.1} "$staging/linux/"
 cp out/data/archive/{karvo.ndx,karvo.dat,manifest.json} "$staging/data/archive/"
 cp docs/*.md "$staging/docs/"
 cp -r docs/pictures "$staging/docs/"
+cp -r samples "$staging/"
 cp packaging/sdk-readme.txt "$staging/README.txt"
 # The same archive from the same files: names in order, one date for all.
 find "$staging" -exec touch -d '2026-01-01T00:00:00Z' {} +
