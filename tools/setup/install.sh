@@ -16,7 +16,7 @@ python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
 debian="dpkg-dev debhelper"
-samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime ruby"
+samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime r-base-core ruby"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 wasm="emscripten"
 
