@@ -6,8 +6,8 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit arm64 wasm asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:
-.PHONY: help run test dll native data python bench fuzz soak dist deb clean data-files \
-  setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python
+.PHONY: help run test dll native data python web bench fuzz soak dist deb clean data-files \
+  setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python setup-web
 
 help:
 	@echo "make run      today's places of Sun, Moon and planets, from the 32-bit DLL under Wine"
@@ -16,6 +16,7 @@ help:
 	@echo "make native   out/linux: libzenithor.so, libzenithor_values.so, almanac, karvo"
 	@echo "make data     out/data/archive: the index and the data file"
 	@echo "make python   out/dist: the wheels of the package for Python"
+	@echo "make web      out/dist: the npm package for JavaScript"
 	@echo "make bench    timings, each beside its baseline"
 	@echo "make fuzz     every fuzz target, ten minutes in all"
 	@echo "make soak     a chart host for MINUTES=60, natively and in the 32-bit DLL"
@@ -45,6 +46,9 @@ data-files:
 python: setup-python data-files
 	@echo "Building the libraries for Python" && tools/run/python_wheels.sh
 
+web: setup-web data-files
+	@echo "Building the library for JavaScript" && tools/run/web.sh
+
 bench: setup-bench data-files
 	@tools/run/bench.sh
 
@@ -65,5 +69,5 @@ deb: setup-deb
 clean:
 	@rm -rf build out && echo "Removed build/ and out/"
 
-setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python: setup-%:
+setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python setup-web: setup-%:
 	@tools/setup/install.sh $*

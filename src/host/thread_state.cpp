@@ -69,6 +69,9 @@ bool Set(Slot slot, void* memory) { return pthread_setspecific(slot, memory) == 
 
 class HostsThread {};
 
+#ifdef __wasm__
+class WithoutSignals {};  // nothing interrupts a program of WebAssembly
+#else
 // No signal handler runs on this thread while it stands: one that called the library while malloc
 // is at work for the thread's set would wait for itself. Signals of the thread's own faults are let
 // through: blocked, they would end the process without the host's handler.
@@ -89,6 +92,7 @@ class WithoutSignals {
  private:
   sigset_t hosts_;
 };
+#endif
 #endif
 
 static_assert(sizeof(Slot) == sizeof(std::uint32_t) && kNoSlot == ProcessState::kNoKey);

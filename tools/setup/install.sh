@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs, on Debian and its relatives, what a target needs and the machine lacks.
-#   install.sh native|dll|run|test|bench|dist|deb|python
+#   install.sh native|dll|run|test|bench|dist|deb|python|web
 # Asks sudo once where the caller is not root. Compilers for Windows, Wine and the like are steps of
 # their own: where one cannot be had, that is said and the rest goes on. Ends with 1 where the target
 # is not possible at all, or where ZENITHOR_CI is set and anything is missing.
@@ -19,6 +19,7 @@ debian="dpkg-dev debhelper"
 samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime r-base-core ruby"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 wasm="emscripten"
+web="esbuild node-typescript"
 
 # What the target needs, as steps: step KIND SENTENCE PACKAGE...
 # KIND is needed or extra, SENTENCE says what it means when the packages cannot be had. What a step
@@ -45,6 +46,7 @@ steps() {
       step extra "Nothing is tested for 64-bit ARM." $arm64
       step extra "Nothing is tested for WebAssembly." $wasm
       step extra "The Debian packages are not tested." $debian
+      step extra "The package for JavaScript is not tested." $web
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       step extra "Samples are tested in fewer languages." $samples
@@ -67,8 +69,12 @@ steps() {
       step extra "There are no wheels for Windows." $mingw
       step extra "There is no wheel for 64-bit ARM." g++-aarch64-linux-gnu libsimde-dev
       ;;
+    web)
+      step needed "There is no compiler for WebAssembly." $wasm
+      step needed "Nothing turns TypeScript into a package." $web
+      ;;
     *)
-      echo "install.sh: native, dll, run, test, bench, dist, deb or python, not \"$target\"" >&2
+      echo "install.sh: native, dll, run, test, bench, dist, deb, python or web, not \"$target\"" >&2
       exit 1
       ;;
   esac
