@@ -29,6 +29,8 @@ static_assert(std::is_trivially_destructible_v<ThreadState> &&
                   std::is_trivially_destructible_v<ThreadValues>,
               "the end of a thread runs no code");
 static_assert(alignof(ThreadState) >= alignof(ThreadValues), "the one can follow the other");
+static_assert(std::extent_v<decltype(SumRoom::cosine_sine)> >= kRoomOfTwo,
+              "Pluto's sums find room where those of the planets do, who are not summed meanwhile");
 
 // The system's slots. Get and Set are those of the calling thread.
 #ifdef _WIN32
@@ -132,6 +134,7 @@ ThreadState* MakeThreadState(Slot slot) {
   }
   auto* const state = new (SetIn(memory)) ThreadState;
   state->position.moment.room = &state->room;
+  state->position.orbits.scratch.room_of_two = state->room.cosine_sine;
   if (process_state.keeps_values) {
     auto* const values = new (state + 1) ThreadValues;
     state->position.places = &values->places;

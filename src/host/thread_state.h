@@ -9,7 +9,7 @@ namespace zenithor {
 // What the library keeps from call to call: one set per thread.
 struct ThreadState {
   PositionState position;
-  SumRoom room;                   // position.moment.room of a set that a thread has
+  SumRoom room;                   // position.moment.room and Pluto's, of a set that a thread has
   volatile bool in_call = false;  // by a call of this thread that has not returned
 };
 

@@ -43,7 +43,7 @@ const EarthSums& SumsOf(double julian_day, SeriesScratch& scratch) {
   for (std::size_t k = 0; k < kEarthTables; ++k) {
     const double t[kMomentsOfEarth] = {TimeOf(*kTables[k], days[0]), TimeOf(*kTables[k], days[1])};
     SeriesSums sums[kMomentsOfEarth];
-    SumTwoMoments(*kTables[k], t, arguments, scratch.room, sums);
+    SumTwoMoments(*kTables[k], t, arguments, scratch.room_of_two, sums);
     scratch.earth[0].of_tables[k] = sums[0];
     scratch.earth[1].of_tables[k] = sums[1];
   }
@@ -57,7 +57,10 @@ SeriesSums SumEarthTable(const PlanetSeriesTable& table, double julian_day,
   if (OthersStandStill(scratch.arguments)) {
     for (std::size_t k = 0; k < kEarthTables; ++k) {
       if (kTables[k] == &table) {
-        return SumsOf(julian_day, scratch).of_tables[k];
+        return scratch.room_of_two != nullptr
+                   ? SumsOf(julian_day, scratch).of_tables[k]
+                   : SumMovingArguments(table, TimeOf(table, julian_day), scratch.arguments,
+                                        LongitudePolynomial::kAsItStands, scratch.room);
       }
     }
   }

@@ -19,10 +19,12 @@ struct EarthSums {
 };
 
 // What the series share from one evaluation to the next: the list of arguments [rad] of the latest
-// day, room, and the Earth's sums of a day and of the velocity's step before it.
+// day, room, and the Earth's sums of a day and of the velocity's step before it. Where there is no
+// room for two moments (kRoomOfTwo numbers), each is summed alone and nothing is kept.
 struct SeriesScratch {
   ArgumentList arguments = {};
   SeriesRoom room = {};
+  double* room_of_two = nullptr;
   EarthSums earth[kMomentsOfEarth];
 };
 

@@ -36,7 +36,7 @@ Real InEveryLane(double value) {
 template <class Real>
 class Angles {
  public:
-  explicit Angles(SeriesRoom& room) : next_(room.sines_cosines), first_(room.sines_cosines) {}
+  explicit Angles(double* room) : next_(room), first_(room) {}
 
   AngleOf<Real> operator[](std::int16_t number) const {
     const double* const at = first_ + 2 * kLanes<Real> * static_cast<std::size_t>(number);
@@ -69,7 +69,7 @@ class Angles {
 
 // `lists` holds the arguments of each lane.
 template <class Real>
-Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, SeriesRoom& room) {
+Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, double* room) {
   Angles<Real> made(room);
   made.Append({InEveryLane<Real>(0.0), InEveryLane<Real>(1.0)});
   for (const std::int8_t argument : angles.arguments) {
@@ -211,13 +211,13 @@ SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
                               SeriesRoom& room) {
   double sums[kCoordinateLimit];
   const double* const coefficients = Start(table, t, polynomial, sums);
-  AddTermsByCoordinates(table, t, AnglesOf<double>(table.angles, &arguments, room), coefficients,
-                        sums);
+  AddTermsByCoordinates(table, t, AnglesOf<double>(table.angles, &arguments, room.sines_cosines),
+                        coefficients, sums);
   return Named(table, sums);
 }
 
 void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
-                   const ArgumentList (&arguments)[kMomentsOfEarth], SeriesRoom& room,
+                   const ArgumentList (&arguments)[kMomentsOfEarth], double* room,
                    SeriesSums (&sums)[kMomentsOfEarth]) {
   const TwoMoments both_t = FromLanes<TwoMoments>(t);
   TwoMoments both[kCoordinateLimit];

@@ -24,8 +24,11 @@ using ArgumentList = double[kArgumentLimit];  // the fundamental arguments [rad]
 // What a walk writes and reads again; of no use afterwards.
 union SeriesRoom {
   MultiplesRow rows[kArgumentLimit];
-  double sines_cosines[2 * kAngleLimit * kMomentsOfEarth];
+  double sines_cosines[2 * kAngleLimit];
 };
+
+// The same for two moments.
+constexpr std::size_t kRoomOfTwo = 2 * kAngleLimit * kMomentsOfEarth;
 
 // Sums `table` at T (in its time scale, from J2000.0) for the arguments that it uses of
 // `arguments`.
@@ -37,9 +40,10 @@ SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
                               const ArgumentList& arguments, LongitudePolynomial polynomial,
                               SeriesRoom& room);
 
-// The same for two moments side by side, the longitude's polynomial as it stands.
+// The same for two moments side by side, the longitude's polynomial as it stands; `room` holds
+// kRoomOfTwo numbers.
 void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
-                   const ArgumentList (&arguments)[kMomentsOfEarth], SeriesRoom& room,
+                   const ArgumentList (&arguments)[kMomentsOfEarth], double* room,
                    SeriesSums (&sums)[kMomentsOfEarth]);
 
 }  // namespace zenithor

@@ -186,8 +186,10 @@ TEST(EarthSeries, KeptOnPurposeTheOtherPlanetsStandStillAtZero) {
 
 TEST(EarthSeries, KeptSumsAreThoseOfANewEvaluation) {
   SeriesScratch scratch;
+  double room_of_two[kRoomOfTwo];
+  scratch.room_of_two = room_of_two;
   const auto expect_same = [&scratch](double jd) {
-    SeriesScratch fresh;
+    SeriesScratch fresh;  // has no room for two moments, so it sums this one alone
     const Spherical kept = EvaluateEarthSeries(jd, kEarthMoonBarycentreSeries, 3, scratch);
     const Spherical made = EvaluateEarthSeries(jd, kEarthMoonBarycentreSeries, 3, fresh);
     EXPECT_EQ(std::memcmp(&kept, &made, sizeof kept), 0) << jd;

@@ -217,6 +217,7 @@ TEST(SumMovingArguments, IsThePlainSumToTheBit) {
   std::uniform_real_distribution<double> angle(-4e6, 4e6);
   std::uniform_real_distribution<double> time(-30.0, 30.0);
   SeriesRoom room;
+  double room_of_two[kRoomOfTwo];
   for (const TableCase& c : kTables) {
     for (int round = 0; round < 300; ++round) {
       ArgumentList lists[kMomentsOfEarth] = {};
@@ -228,7 +229,7 @@ TEST(SumMovingArguments, IsThePlainSumToTheBit) {
         t[moment] = time(random);
       }
       SeriesSums two[kMomentsOfEarth];
-      SumTwoMoments(c.table, t, lists, room, two);
+      SumTwoMoments(c.table, t, lists, room_of_two, two);
       for (std::size_t moment = 0; moment < kMomentsOfEarth; ++moment) {
         for (const auto polynomial :
              {LongitudePolynomial::kAsItStands, LongitudePolynomial::kReduced}) {
