@@ -1,4 +1,5 @@
-// almanac: loads the library like any other host and prints what it answers.
+// almanac: places and events in one line, from the values library inside, or from the main library
+// as any host loads it.
 
 #include <fmt/core.h>
 
@@ -7,23 +8,57 @@
 #include <vector>
 
 #include "commands.h"
-#include "failure.h"
-#include "moment.h"
-#include "run_program.h"
-#include "session.h"
+#include "console.h"
+#include "definitions.h"
+#include "trouble.h"
+#include "words.h"
+
+namespace zenithor::almanac {
 
 namespace {
 
-using zenithor::Failure;
-
-std::string Joined(const std::vector<std::string>& words, const char* separator) {
-  return CLI::detail::join(words, separator);
-}
+constexpr int kDone = 0;
+constexpr int kTrouble = 1;
+constexpr int kRefused = 2;
 
 // The command that the words named; null without one.
 const CLI::App* NamedCommand(const CLI::App& program) {
   const std::vector<CLI::App*> named = program.get_subcommands();
   return named.empty() ? nullptr : named.front();
+}
+
+[[noreturn]] void RefuseWord(const CLI::App& program, const std::vector<std::string>& unknown) {
+  const CLI::App* const command = NamedCommand(program);
+  const std::string& word = unknown.front();
+  const ProgramDefinition definition = DefinitionOf(program);
+  if (word.rfind('-', 0) != 0 && command == nullptr) {
+    std::vector<std::string> names;
+    for (const CommandDefinition& one : definition.commands) {
+      names.push_back(one.name);
+    }
+    const std::string guess = NearestOf(word, names);
+    if (guess.empty()) {
+      throw Failure("\"{}\" is no command; there are {}", word, CLI::detail::join(names, ", "));
+    }
+    throw Failure("\"{}\" is no command: did you mean {}?", word, guess);
+  }
+  std::vector<std::string> options;
+  std::string name;
+  for (const CommandDefinition& one : definition.commands) {
+    if (one.name == (command == nullptr ? "today" : command->get_name())) {
+      name = one.name;
+      for (const OptionDefinition& option : one.options) {
+        options.push_back(option.name);
+      }
+    }
+  }
+  const std::string given = word.substr(0, word.find('='));
+  const std::string guess = given.rfind('-', 0) == 0 ? NearestOf(given, options) : "";
+  if (!guess.empty()) {
+    throw Failure("{} does not take \"{}\": did you mean {}?", name, given, guess);
+  }
+  throw Failure("{} does not take \"{}\"; almanac {} --help says what it takes", name,
+                CLI::detail::join(unknown, " "), name);
 }
 
 // Runs the command that the words name, if they name one. Words that are neither an option nor of a
@@ -33,68 +68,143 @@ void Parse(CLI::App& program, const std::vector<std::string>& words) {
     program.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   } catch (const CLI::ExtrasError&) {
     const std::vector<std::string> unknown = program.remaining(true);
-    if (const CLI::App* const command = NamedCommand(program)) {
-      throw Failure("{} does not take \"{}\"; almanac {} --help says what it takes",
-                    command->get_name(), Joined(unknown, " "), command->get_name());
-    }
-    if (unknown.front().rfind('-', 0) != 0) {
-      std::vector<std::string> names;
-      for (const CLI::App* const command : program.get_subcommands({})) {
-        names.push_back(command->get_name());
-      }
-      throw Failure("\"{}\" is no command; there are {}", unknown.front(), Joined(names, ", "));
+    if (NamedCommand(program) != nullptr || unknown.front().rfind('-', 0) != 0) {
+      RefuseWord(program, unknown);
     }
   }
 }
 
-int Run(int argument_count, char** arguments) {
-  using namespace zenithor::almanac;
-  Session session;
-  CLI::App program(
-      "Places and events of the Sun, the Moon and the planets. Without a command: today.\n"
-      "almanac COMMAND --help says what a command takes.",
-      "almanac");
-  program.footer(fmt::format("Dates go from {}-01-01 to {}-01-01; year 0 is 1 BC.", kFirstYear,
-                             kLastYear + 1));
+// What the parser found, in words that say what to write.
+std::string Explained(const CLI::ParseError& error, const CLI::App* command) {
+  const std::string what = error.what();
+  const std::string help = fmt::format("almanac {}--help says more",
+                                       command == nullptr ? "" : command->get_name() + " ");
+  if (error.get_name() == "ArgumentMismatch") {
+    return fmt::format("{} needs a value behind it; {}", what.substr(0, what.find(':')), help);
+  }
+  if (error.get_name() == "RequiredError" && command != nullptr) {
+    const std::string examples = command->get_footer();
+    return fmt::format("{}; write {}", what, examples.substr(0, examples.find('\n')));
+  }
+  if (error.get_name() == "ExcludesError") {
+    return fmt::format("{}; leave one of them out", what);
+  }
+  if (error.get_name() == "RequiresError") {
+    return fmt::format("{}; write both", what);
+  }
+  if (error.get_name() == "ConversionError") {
+    const std::size_t name = what.find("--");
+    return fmt::format("{} takes no value", name == std::string::npos
+                                                ? what
+                                                : what.substr(name, what.find(' ', name) - name));
+  }
+  return what + "; " + help;
+}
+
+void PrintHelp(const CLI::App& program) {
+  const ProgramDefinition definition = DefinitionOf(program);
+  const CLI::App* const named = NamedCommand(program);
+  std::string text = HelpText(definition);
+  for (const CommandDefinition& command : definition.commands) {
+    if (named != nullptr && command.name == named->get_name()) {
+      text = HelpText(command);
+    }
+  }
+  WriteOut(text);
+  FlushOut();
+}
+
+void AddProgramOptions(CLI::App& program, Session& session) {
   program
       .add_option_function<std::string>(
-          "--library",
-          [&session](const std::string& path) {
-            if (path.empty()) {
-              throw Failure("--library \"\": not a path; leave it out for the usual library");
-            }
-            session.library_path = path;
-          },
-          "The library to load; else the one beside the program")
+          "--library", [&session](const std::string& path) { session.library_path = path; },
+          "Ask this main library, as any host does, in place of the values inside the program")
       ->type_name("PATH");
+  program.add_flag_callback(
+      "--version",
+      [] {
+        WriteOut(VersionText() + "\n");
+        FlushOut();
+        throw CLI::Success();
+      },
+      "The version");
   program.require_subcommand(0, 1);
   program.allow_windows_style_options(false);  // /folder/file is a path on Windows, too
   program.fallthrough();                       // --library may stand behind the command, too
+}
+
+// An option with nothing in it would stand for one that is not there.
+void RefuseEmptyWords(const std::vector<std::string>& words) {
+  for (std::size_t k = 0; k < words.size(); ++k) {
+    const bool after_option = k > 0 && words[k - 1].rfind("--", 0) == 0;
+    const bool blank = words[k].find_first_not_of(" \t") == std::string::npos;
+    const bool ends_empty = words[k].rfind("--", 0) == 0 && words[k].back() == '=';
+    if (ends_empty || (blank && after_option)) {
+      const std::string option =
+          ends_empty ? words[k].substr(0, words[k].size() - 1) : words[k - 1];
+      throw Failure("{} \"{}\": empty; write a value, or leave {} out", option,
+                    ends_empty ? "" : words[k], option);
+    }
+  }
+}
+
+int RunCommands(std::vector<std::string> words) {
+  RefuseEmptyWords(words);
+  Session session;
+  CLI::App program(
+      "Places and events of the Sun, the Moon and the planets in one line: as text, CSV or JSON, "
+      "in "
+      "UTC, in a zone's time or in dynamical time.",
+      "almanac");
+  AddProgramOptions(program, session);
   for (const auto add :
-       {AddTodayCommand, AddEventsCommand, AddRiseCommand, AddDoctorCommand, AddCheckCommand}) {
+       {AddTodayCommand, AddPositionsCommand, AddEventsCommand, AddNextCommand, AddStationsCommand,
+        AddRetrogradesCommand, AddIngressesCommand, AddAspectsCommand, AddRiseCommand,
+        AddDoctorCommand, AddCheckCommand, AddVersionCommand, AddDefinitionsCommand}) {
     add(program, session);
   }
-  std::vector<std::string> words(arguments + 1, arguments + argument_count);
   try {
     Parse(program, words);
     if (NamedCommand(program) == nullptr) {
       words.insert(words.begin(), "today");
       Parse(program, words);
     }
+  } catch (const CLI::CallForHelp&) {
+    PrintHelp(program);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) {
-      return program.exit(error);  // the help was asked for
+      return kDone;  // the version was asked for
     }
-    const CLI::App* const command = NamedCommand(program);
-    throw Failure("{}; almanac {}--help says more", error.what(),
-                  command == nullptr ? "" : command->get_name() + " ");
+    throw Failure("{}", Explained(error, NamedCommand(program)));
   }
+  FlushOut();
   return session.exit_status;
+}
+
+int Told(const char* what, int exit_status) {
+  WriteError(fmt::format("almanac: {}\n", what));
+  return exit_status;
+}
+
+int Run(int argument_count, char** arguments) {
+  try {
+    PrepareConsole();
+    return RunCommands(WordsOf(argument_count, arguments));
+  } catch (const ClosedPipe&) {
+    return kDone;
+  } catch (const Trouble& trouble) {
+    return Told(trouble.what(), kTrouble);
+  } catch (const Failure& failure) {
+    return Told(failure.what(), kRefused);
+  } catch (const std::exception& error) {
+    return Told(error.what(), kTrouble);
+  }
 }
 
 }  // namespace
 
+}  // namespace zenithor::almanac
+
 int main(int argument_count, char** arguments) {
-  return zenithor::RunProgram(
-      "almanac", [argument_count, arguments] { return Run(argument_count, arguments); });
+  return zenithor::almanac::Run(argument_count, arguments);
 }

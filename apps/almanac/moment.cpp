@@ -2,36 +2,21 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <ctime>
 #include <regex>
 
 #include "failure.h"
 #include "options.h"
+#include "words.h"
+#include "zenithor/values.h"
 
 namespace zenithor::almanac {
 
 namespace {
 
-constexpr double kUnixEpoch = 2440587.5;
-constexpr double kSecondsPerDay = 86400.0;
-constexpr double kGregorianReform = 2299160.5;  // 1582 October 15, 0h
+constexpr char kWrite[] = "write 2026-11-21, 2026-11-21T06:30, now, today or jd2461365.75";
 
-constexpr char kWhyThese[] =
-    "the library's calendar does not reach back much further, and later its series are off by days";
-
-// Meeus, Astronomical Algorithms, chapter 7.
-double JulianDay(long year, int month, double day) {
-  const bool gregorian =
-      year > 1582 || (year == 1582 && (month > 10 || (month == 10 && day >= 15.0)));
-  if (month <= 2) {
-    --year;
-    month += 12;
-  }
-  const double y = static_cast<double>(year);
-  const double a = std::floor(y / 100.0);
-  const double b = gregorian ? 2.0 - a + std::floor(a / 4.0) : 0.0;
-  return std::floor(365.25 * (y + 4716.0)) + std::floor(30.6001 * (month + 1)) + day + b - 1524.5;
-}
+// The longest date is far shorter, and std::regex recurses with the length of the text.
+constexpr std::size_t kLongestText = 60;
 
 int DaysInMonth(long year, int month) {
   constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -39,106 +24,129 @@ int DaysInMonth(long year, int month) {
   return kDays[month - 1] + (month == 2 && leap ? 1 : 0);
 }
 
-// The longest date is far shorter, and std::regex recurses with the length of the text.
-constexpr std::size_t kLongestText = 100;
+double YearStartDay(int year) { return ZenithorJulianDay(year, 1, 1, 0, 0, 0.0); }
 
 double CheckedDay(const std::string& option, const std::string& text, double julian_day) {
-  if (!(julian_day >= YearStart(kFirstYear) && julian_day <= YearStart(kLastYear + 1))) {
-    throw Failure("{} \"{}\": dates go from {}-01-01 (JD {:.1f}) to {}-01-01 (JD {:.1f}); {}",
-                  option, text, kFirstYear, YearStart(kFirstYear), kLastYear + 1,
-                  YearStart(kLastYear + 1), kWhyThese);
+  constexpr double kZone = 1.0;  // of the first day and the last any zone's
+  if (!(julian_day >= YearStartDay(kFirstYear) - kZone &&
+        julian_day <= YearStartDay(kLastYear + 1) + kZone)) {
+    throw Failure("{} \"{}\": dates go from {}-01-01 (JD {:.1f}) to {}-01-01 (JD {:.1f})", option,
+                  text, kFirstYear, YearStartDay(kFirstYear), kLastYear + 1,
+                  YearStartDay(kLastYear + 1));
   }
   return julian_day;
 }
 
+int Part(const std::smatch& match, std::size_t place, int missing) {
+  return match[place].matched ? std::stoi(match[place]) : missing;
+}
+
+// Which part of a date that has the right form is wrong; empty where none is.
+std::string WrongPart(long year, int month, int day) {
+  if (month < 1 || month > 12) {
+    return fmt::format("there is no month {}", month);
+  }
+  if (day < 1 || day > DaysInMonth(year, month)) {
+    return fmt::format("month {} of the year {} has no day {}", month, year, day);
+  }
+  if (year == 1582 && month == 10 && day > 4 && day < 15) {
+    return "1582 October 4 was followed by October 15";
+  }
+  return "";
+}
+
+double CalendarMoment(const std::string& option, const std::string& text, const std::smatch& match,
+                      const Clock& clock) {
+  const std::string where = fmt::format("{} \"{}\"", option, text);
+  const int year = std::stoi(match[1]);
+  const int month = Part(match, 2, 1);
+  const int day = Part(match, 3, 1);
+  const int hour = Part(match, 4, 0);
+  const int minute = Part(match, 5, 0);
+  const double second = match[6].matched ? std::strtod(match[6].str().c_str(), nullptr) : 0.0;
+  const std::string wrong = WrongPart(year, month, day);
+  if (!wrong.empty()) {
+    throw Failure("{}: {}", where, wrong);
+  }
+  const bool may_be_leap_second = clock.kind != Clock::Kind::kDynamical && minute == 59;
+  if (hour > 23 || minute > 59 || second >= (may_be_leap_second ? 61.0 : 60.0)) {
+    throw Failure("{}: there is no such time of day; hours go to 23, minutes and seconds to 59",
+                  where);
+  }
+  const double shown = ZenithorJulianDay(year, month, day, hour, minute, second);
+  CheckedDay(option, text, shown);
+  if (!match[7].matched) {
+    return DynamicalOf(clock, shown, where);
+  }
+  int offset = 0;
+  if (!OffsetOfWord(match[7], offset)) {
+    throw Failure("{}: \"{}\" is no zone; write Z, +01:00 or -0330", where, match[7].str());
+  }
+  return ZenithorClockToDynamical(shown - offset / 86400.0);
+}
+
 }  // namespace
 
-double MomentOf(const std::string& option, const std::string& text) {
-  static const std::regex julian_day(R"(\s*[jJ][dD]\s*([-+]?[0-9]+(\.[0-9]*)?)\s*)");
+double MomentOf(const std::string& option, const std::string& text, const Clock& clock) {
+  static const std::regex julian_day(R"(\s*[jJ][dD]\s*([-+]?[0-9]{1,12}(\.[0-9]*)?)\s*)");
   static const std::regex calendar(
-      R"(\s*([-+]?[0-9]{1,6})-([0-9]{1,2})-([0-9]{1,2})([ T]([0-9]{1,2}):([0-9]{2})(:([0-9]{2}(\.[0-9]*)?))?)?\s*)");
+      R"(\s*([-+]?[0-9]{1,6})(?:-([0-9]{1,2})(?:-([0-9]{1,2})(?:[ Tt]([0-9]{1,2})(?::([0-9]{2})(?::([0-9]{2}(?:\.[0-9]*)?))?)?\s*([zZ]|[uU][tT][cC]|[-+][0-9:]+)?)?)?)?\s*)");
+  const std::string word = Plain(text);
+  const double midnight = ShownMidnight(clock, Now());
+  if (word == "now") {
+    return Now();
+  }
+  if (word == "today" || word == "tomorrow" || word == "yesterday") {
+    return NearestDynamicalOf(clock, midnight + (word == "tomorrow"    ? 1.0
+                                                 : word == "yesterday" ? -1.0
+                                                                       : 0.0));
+  }
   std::smatch match;
   const bool readable = text.size() <= kLongestText;
   if (readable && std::regex_match(text, match, julian_day)) {
     return CheckedDay(option, text, std::strtod(match[1].str().c_str(), nullptr));
   }
-  if (!readable || !std::regex_match(text, match, calendar)) {
-    throw Failure(
-        "{} \"{}\": not a date; write 2026-11-21, 2026-11-21T06:30:00 or \"jd 2461365.75\"", option,
-        text);
+  if (readable && std::regex_match(text, match, calendar)) {
+    return CalendarMoment(option, text, match, clock);
   }
-  const long year = std::stol(match[1]);
-  const int month = std::stoi(match[2]);
-  const int day = std::stoi(match[3]);
-  const int hour = match[5].matched ? std::stoi(match[5]) : 0;
-  const int minute = match[6].matched ? std::stoi(match[6]) : 0;
-  const double second = match[8].matched ? std::stod(match[8]) : 0.0;
-  if (month < 1 || month > 12) {
-    throw Failure("{} \"{}\": there is no month {}", option, text, month);
+  const std::string nearest = NearestOf(word, {"now", "today", "tomorrow", "yesterday"});
+  if (!nearest.empty()) {
+    throw Failure("{} \"{}\": did you mean {}?", option, text, nearest);
   }
-  if (day < 1 || day > DaysInMonth(year, month)) {
-    throw Failure("{} \"{}\": month {} of the year {} has no day {}", option, text, month, year,
-                  day);
+  static const std::regex plain_number(R"(\s*[0-9]{7}(\.[0-9]*)?\s*)");
+  if (readable && std::regex_match(text, match, plain_number)) {
+    throw Failure("{} \"{}\": a Julian day begins with jd; write jd{}", option, text, word);
   }
-  if (year == 1582 && month == 10 && day > 4 && day < 15) {
-    throw Failure("{} \"{}\": 1582 October 4 was followed by October 15", option, text);
-  }
-  if (hour > 23 || minute > 59 || second >= 60.0) {
-    throw Failure("{} \"{}\": there is no such time of day", option, text);
-  }
-  return CheckedDay(
-      option, text,
-      JulianDay(year, month, day) + (hour * 3600.0 + minute * 60.0 + second) / kSecondsPerDay);
+  throw Failure("{} \"{}\": not a date; {}", option, text, kWrite);
 }
-
-double YearStart(int year) { return JulianDay(year, 1, 1.0); }
 
 int YearOf(const std::string& option, const std::string& text) {
   const int year = WholeNumberOf(option, text);
   if (year < kFirstYear || year > kLastYear) {
-    throw Failure("{} \"{}\": years go from {} to {}; {}", option, text, kFirstYear, kLastYear,
-                  kWhyThese);
+    throw Failure("{} \"{}\": years go from {} to {}, 0 is 1 BC", option, text, kFirstYear,
+                  kLastYear);
   }
   return year;
 }
 
-double CurrentJulianDay() {
-  return kUnixEpoch + static_cast<double>(std::time(nullptr)) / kSecondsPerDay;
+double YearStart(const Clock& clock, int year) {
+  return NearestDynamicalOf(clock, YearStartDay(year));
 }
 
-Instant InstantOf(double julian_day) {
-  // To the nearest millisecond first, so that a whole second is not shown as the one before.
-  const double milliseconds =
-      std::floor((julian_day + 0.5 - std::floor(julian_day + 0.5)) * kSecondsPerDay * 1000.0 + 0.5);
-  const double carry = milliseconds >= kSecondsPerDay * 1000.0 ? 1.0 : 0.0;
-  const int second_of_day = carry > 0.0 ? 0 : static_cast<int>(milliseconds / 1000.0);
-  const double z = std::floor(julian_day + 0.5) + carry;
-  double a = z;
-  if (z >= kGregorianReform + 0.5) {
-    const double alpha = std::floor((z - 1867216.25) / 36524.25);
-    a = z + 1.0 + alpha - std::floor(alpha / 4.0);
+int YearAt(const Clock& clock, double dynamical_day) {
+  std::int32_t date[5] = {};
+  static_cast<void>(ZenithorCalendar(ShownOf(clock, dynamical_day), 1.0, date, nullptr));
+  return date[0];
+}
+
+double ShownMidnight(const Clock& clock, double dynamical_day) {
+  return std::floor(ShownOf(clock, dynamical_day) + 0.5) - 0.5;
+}
+
+void CheckSearched(const std::string& option, double dynamical_day) {
+  if (!(dynamical_day >= ZENITHOR_FIRST_DAY && dynamical_day <= ZENITHOR_LAST_DAY)) {
+    throw Failure("{}: searches go from -2000-01-01 to 4000-01-01", option);
   }
-  const double b = a + 1524.0;
-  const double c = std::floor((b - 122.1) / 365.25);
-  const double d = std::floor(365.25 * c);
-  const double e = std::floor((b - d) / 30.6001);
-  const double month = e < 14.0 ? e - 1.0 : e - 13.0;
-  const double year = month > 2.0 ? c - 4716.0 : c - 4715.0;
-  const double day = b - d - std::floor(30.6001 * e);
-  return {static_cast<int>(year), static_cast<int>(month), static_cast<int>(day),
-          second_of_day / 3600,   second_of_day / 60 % 60, second_of_day % 60};
 }
-
-std::string DateText(const Instant& instant) {
-  return fmt::format("{}{:04}-{:02}-{:02}", instant.year < 0 ? "-" : "", std::abs(instant.year),
-                     instant.month, instant.day);
-}
-
-std::string CalendarText(const Instant& instant) {
-  return fmt::format("{} {:02}:{:02}:{:02}", DateText(instant), instant.hour, instant.minute,
-                     instant.second);
-}
-
-std::string CalendarText(double julian_day) { return CalendarText(InstantOf(julian_day)); }
 
 }  // namespace zenithor::almanac

@@ -8,15 +8,13 @@
 #include <utility>
 
 #include "failure.h"
+#include "words.h"
 
 namespace zenithor::almanac {
 
 namespace {
 
 constexpr char kDigits[] = "0123456789";
-
-// Without blanks around it, in small letters.
-std::string Plain(std::string word) { return CLI::detail::to_lower(CLI::detail::trim(word)); }
 
 }  // namespace
 
@@ -52,7 +50,7 @@ std::size_t ChoiceOf(const std::string& option, const std::string& word,
     return Plain(name) == Plain(word);
   });
   if (found == names.end()) {
-    throw Failure("{} \"{}\": unknown; there are {}", option, word, CLI::detail::join(names, ", "));
+    throw Failure("{} \"{}\"{}", option, word, Guess(word, names));
   }
   return static_cast<std::size_t>(found - names.begin());
 }
@@ -72,7 +70,7 @@ CLI::Option* AddNumberOption(CLI::App& command, const std::string& option, doubl
 
 CLI::Option* AddChoicesOption(CLI::App& command, const std::string& option,
                               std::vector<std::size_t>& chosen, std::vector<std::string> names,
-                              const std::string& description) {
+                              const std::string& type, const std::string& description) {
   return command
       .add_option_function<std::vector<std::string>>(
           option,
@@ -86,7 +84,7 @@ CLI::Option* AddChoicesOption(CLI::App& command, const std::string& option,
           },
           description)
       ->delimiter(',')
-      ->type_name("NAME");
+      ->type_name(type);
 }
 
 }  // namespace zenithor::almanac

@@ -20,7 +20,8 @@ double NumberOf(const std::string& option, const std::string& word, double least
 // A whole number in decimal, leading zeros or not.
 int WholeNumberOf(const std::string& option, const std::string& word);
 
-// Which of `names` the word is, in capitals or small letters, blanks around it or not.
+// Which of `names` the word is, in capitals or small letters, blanks around it or not; throws
+// Failure with the nearest one.
 std::size_t ChoiceOf(const std::string& option, const std::string& word,
                      const std::vector<std::string>& names);
 
@@ -30,9 +31,9 @@ CLI::Option* AddNumberOption(CLI::App& command, const std::string& option, doubl
                              const std::string& description);
 
 // Gives `command` an option that takes several of `names`, with commas or blanks between them.
-// `chosen` gets their places in `names`, each once.
+// `chosen` gets their places in `names`, each once. `type` names them in the help.
 CLI::Option* AddChoicesOption(CLI::App& command, const std::string& option,
                               std::vector<std::size_t>& chosen, std::vector<std::string> names,
-                              const std::string& description);
+                              const std::string& type, const std::string& description);
 
 }  // namespace zenithor::almanac

@@ -1,135 +1,108 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <cmath>
 #include <memory>
 #include <optional>
 
 #include "bodies.h"
 #include "commands.h"
+#include "common_options.h"
 #include "failure.h"
+#include "library_rise.h"
 #include "moment.h"
-#include "options.h"
-#include "report.h"
+#include "place.h"
+#include "progress.h"
+#include "span.h"
+#include "zenithor/values.h"
 
 namespace zenithor::almanac {
 
 namespace {
 
-constexpr double kMinutesPerDay = 1440.0;
+constexpr char kDoesNotRise[] = "the Earth does not rise";
 
 struct RiseOptions {
-  std::optional<double> julian_day;  // within the day, in zone time; nothing: today
-  double latitude = 0.0;             // [deg]
-  double east_longitude = 0.0;       // [deg]
-  double east_zone = 0.0;            // [h] ahead of universal time
-  std::vector<std::size_t> bodies;   // places in RisingBodies; empty: all
-  Format format = Format::kText;
+  std::string date;  // empty: today
+  SpanWords span;
+  PlaceWords place;
+  Bodies bodies = BodiesWithout({ZENITHOR_BODY_EARTH});
+  CommonOptions common;
 };
 
-// The answers for one body, in the order of the selectors.
-struct Answers {
-  double rise;
-  double transit;
-  double set;
-};
-
-// "07:41", to the nearest minute; "00:20 +1" on the day after, "23:50 -1" on the day before.
-std::string ClockTime(double minutes) {
-  const double rounded = std::floor(minutes + 0.5);
-  const double day = std::floor(rounded / kMinutesPerDay);
-  const auto of_day = static_cast<int>(rounded - day * kMinutesPerDay);
-  const std::string clock = fmt::format("{:02}:{:02}", of_day / 60, of_day % 60);
-  return day == 0.0 ? clock : fmt::format("{} {:+.0f}", clock, day);
+std::string StatusText(std::int32_t status) {
+  switch (status) {
+    case ZENITHOR_DAILY_ALWAYS_UP:
+      return "always up";
+    case ZENITHOR_DAILY_NEVER_UP:
+      return "never up";
+    case ZENITHOR_DAILY_NONE:
+      return "none";
+    default:
+      return "unknown";
+  }
 }
 
-// A rise or set outside its day, or a transit more than a day outside, is what an iteration that
-// lost its way ended with.
-std::string TimeText(double answer, bool is_transit) {
-  const double outside = is_transit ? kMinutesPerDay : 0.0;
-  if (answer == ZENITHOR_ALWAYS_UP) {
-    return "always up";
+// Rise, transit and set on the day of the clock that `noon`, in the clock's time, is the middle of.
+void AddRow(const Body& body, double noon, const Clock& clock, const Place& place, Writer& writer) {
+  const double middle = NearestDynamicalOf(clock, noon);
+  const double zone_hours = OffsetAt(clock, middle) / 3600.0;
+  double days[3] = {};
+  std::int32_t statuses[3] = {};
+  static_cast<void>(ZenithorDaily(body.code, noon - zone_hours / 24.0, zone_hours,
+                                  place.east_longitude, place.latitude, days, statuses));
+  Row row = {Moment{middle}, std::string(body.name)};
+  for (int k = 0; k < 3; ++k) {
+    row.emplace_back(statuses[k] == ZENITHOR_DAILY_HAPPENS
+                         ? Cell(Moment{ZenithorClockToDynamical(days[k])})
+                         : Cell(StatusText(statuses[k])));
   }
-  if (answer == ZENITHOR_NEVER_UP) {
-    return "never up";
-  }
-  const bool settled = answer >= -outside && answer <= kMinutesPerDay + outside;
-  return settled ? ClockTime(answer) : "no settled time";
+  writer.AddRow(row);
 }
 
-// All that rise: not the Earth.
-std::vector<Body> RisingBodies() {
-  std::vector<Body> bodies;
-  for (const Body& body : kPlanets) {
-    if (body.code != ZENITHOR_EARTH) {
-      bodies.push_back(body);
+std::string PlaceText(const Place& place) {
+  const std::string numbers = fmt::format("latitude {:+.4f}, longitude {:+.4f} (east is +)",
+                                          place.latitude, place.east_longitude);
+  return place.name.empty() ? numbers : fmt::format("{}, {}", place.name, numbers);
+}
+
+// The noons of the first day and the last, in the clock's time.
+Span NoonsOf(const RiseOptions& options, const Clock& clock) {
+  const SpanWords& words = options.span;
+  if (words.from.empty() && words.to.empty() && words.year.empty()) {
+    const double day = options.date.empty() ? Now() : MomentOf("--date", options.date, clock);
+    const double noon = ShownMidnight(clock, day) + 0.5;
+    return {noon, noon};
+  }
+  if (!options.date.empty()) {
+    throw Failure("--date is one day; leave it out, or --from, --to and --year");
+  }
+  const Span span = SpanOf(words, clock);
+  // The span does not hold its end, so a midnight there begins no further day.
+  constexpr double kMoment = 1e-8;
+  return {ShownMidnight(clock, span.from) + 0.5, ShownMidnight(clock, span.to - kMoment) + 0.5};
+}
+
+void PrintRise(const RiseOptions& options, const Clock& clock, const Place& place) {
+  const Span noons = NoonsOf(options, clock);
+  const bool one_day = noons.from == noons.to;
+  const std::unique_ptr<Writer> writer = NewWriter(options.common.output, clock);
+  const std::string when =
+      one_day ? "on " + DateText(noons.from)
+              : fmt::format("from {} to {}", DateText(noons.from), DateText(noons.to));
+  writer->Head({fmt::format("Rise, transit and set {}, {}", when, clock.name), PlaceText(place)});
+  writer->BeginTable(
+      "rise", {one_day ? NotInText(DateColumn("date")) : DateColumn("date"), TextColumn("body", 7),
+               TimeOfDayColumn("rise"), TimeOfDayColumn("transit"), TimeOfDayColumn("set")});
+  Progress progress("rise");
+  for (double noon = noons.from; noon <= noons.to; noon += 1.0) {
+    for (const Body& body : options.bodies) {
+      AddRow(body, noon, clock, place, *writer);
     }
+    progress.Show((noon - noons.from) / (noons.to - noons.from));
   }
-  bodies.push_back(kMoon);
-  return bodies;
-}
-
-std::vector<std::string> RisingNames() {
-  std::vector<std::string> names;
-  for (const Body& body : RisingBodies()) {
-    names.emplace_back(body.name);
-  }
-  return names;
-}
-
-std::vector<Body> ChosenBodies(const std::vector<std::size_t>& places) {
-  const std::vector<Body> all = RisingBodies();
-  std::vector<Body> chosen;
-  chosen.reserve(places.size());
-  for (const std::size_t place : places) {
-    chosen.push_back(all[place]);
-  }
-  return chosen.empty() ? all : chosen;
-}
-
-Report RiseReport(const ZenithorLibrary& library, const RiseOptions& options, double day_number) {
-  Report report;
-  report.head = {
-      fmt::format("Rise, transit and set on {} at latitude {:+.4f}, longitude {:+.4f} (east is +)",
-                  DateText(InstantOf(ZENITHOR_DAY_NUMBER_EPOCH + day_number)), options.latitude,
-                  options.east_longitude),
-      fmt::format("Clock times of the zone UTC{:+g} h, to the minute", options.east_zone)};
-  Table table;
-  table.name = "rise";
-  table.columns = {{"body", "", 0}, {"rise", "", 0}, {"transit", "", 0}, {"set", "", 0}};
-  std::vector<std::string> not_available;
-  for (const Body& body : ChosenBodies(options.bodies)) {
-    const auto answer = [&](std::int32_t selector) {
-      return library.GEO_RISE(day_number, 0.0, ZenithorWestZone(options.east_zone),
-                              ZenithorWestLongitude(options.east_longitude), options.latitude,
-                              body.code, selector);
-    };
-    const Answers answers = {answer(ZENITHOR_RISE), answer(ZENITHOR_TRANSIT), answer(ZENITHOR_SET)};
-    const std::string name = body.name;
-    if (answers.rise == 0.0 && answers.transit == 0.0 && answers.set == 0.0) {
-      not_available.push_back(name);
-      table.rows.push_back({name, {}, {}, {}});
-      continue;
-    }
-    table.rows.push_back({name, TimeText(answers.rise, false), TimeText(answers.transit, true),
-                          TimeText(answers.set, false)});
-  }
-  report.tables.push_back(std::move(table));
-  AddNotAvailable(not_available, report);
-  report.notes.push_back(
-      "+1 and -1: on the day after or before. A rise or set that falls just outside the day is "
-      "shown");
-  report.notes.push_back(
-      "on it, a day off: about once a month the Moon's, which then is wrong by up to 1.5 hours.");
-  return report;
-}
-
-// The date on the zone's own calendar; without one, the day that the zone's clocks now show.
-double DayNumber(const RiseOptions& options) {
-  return options.julian_day
-             ? ZenithorDayNumber(*options.julian_day, 0.0)
-             : ZenithorDayNumber(CurrentJulianDay(), ZenithorWestZone(options.east_zone));
+  progress.Clear();
+  writer->EndTable();
+  writer->Finish({});
 }
 
 }  // namespace
@@ -138,29 +111,40 @@ void AddRiseCommand(CLI::App& program, Session& session) {
   CLI::App* const command = program.add_subcommand(
       "rise", "When the Sun, the Moon and the planets rise, cross the meridian and set");
   const auto options = std::make_shared<RiseOptions>();
-  command
-      ->add_option_function<std::string>(
-          "--date",
-          [options](const std::string& text) { options->julian_day = MomentOf("--date", text); },
-          "The day, in zone time: 2026-11-21; else today. A time of day changes nothing")
-      ->type_name("DATE");
-  AddNumberOption(*command, "--lat", options->latitude, -90.0, 90.0, "DEGREES",
-                  "Latitude, north positive, -90 to 90")
-      ->required();
-  AddNumberOption(*command, "--lon", options->east_longitude, -360.0, 360.0, "DEGREES",
-                  "Longitude, EAST positive, -360 to 360")
-      ->required();
-  AddNumberOption(*command, "--zone", options->east_zone, -24.0, 24.0, "HOURS",
-                  "What clocks are ahead of UTC, east positive, -24 to 24; else 0");
-  AddChoicesOption(*command, "--body", options->bodies, RisingNames(),
-                   "Only these: Sun, Mercury, ... Pluto, Moon; with commas or blanks between");
-  AddFormatOption(*command, options->format);
+  command->add_option("--date", options->date, "One day; else today. A time of day changes nothing")
+      ->type_name("DATE")
+      ->group("Time");
+  AddSpanOptions(*command, options->span, "one day");
+  AddPlaceOptions(*command, options->place);
+  AddBodyOption(*command, "--body", options->bodies, BodiesWithout({ZENITHOR_BODY_EARTH}),
+                kDoesNotRise, "Only these; else all ten");
+  AddCommonOptions(*command, options->common);
+  SetExamples(*command, {"almanac rise --lat 59.33 --lon 18.07 --zone Europe/Stockholm",
+                         "almanac rise --place Boston --year 2027 --body sun --format csv",
+                         "almanac rise --lat -33.87 --lon 151.21 --zone +10 --from today --to +7d "
+                         "--body moon"});
   command->callback([&session, options] {
-    const ZenithorLibrary& library = session.Library();
-    if (library.GEO_RISE == nullptr) {
-      throw Failure("the library has no GEO_RISE; a newer one does");
+    const Place place = PlaceOf(options->place);
+    ClockWords words = options->common.clock;
+    if (words.zone.empty() && words.time.empty()) {
+      words.zone = place.zone;
     }
-    fmt::print("{}", Render(RiseReport(library, *options, DayNumber(*options)), options->format));
+    const Clock clock = ClockOf(words);
+    if (clock.kind == Clock::Kind::kDynamical) {
+      throw Failure("--time tt: days and times of rise are the clock's; write --zone, or nothing");
+    }
+    if (!session.HasLibrary()) {
+      PrintRise(*options, clock, place);
+      return;
+    }
+    const Span noons = NoonsOf(*options, clock);
+    if (noons.from != noons.to) {
+      throw Failure("--library: one day at a time; write --date");
+    }
+    const LibraryRise rise =
+        LibraryRiseReport(session.Library(), noons.from, clock, place, options->bodies);
+    Print(rise.report, options->common.output, clock);
+    session.exit_status = rise.complete ? 0 : 1;
   });
 }
 

@@ -11,7 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "failure.h"
+#include "console.h"
+#include "data_files.h"
+#include "trouble.h"
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -25,12 +27,7 @@ using Path = std::basic_string<ZenithorPathCharacter>;
 
 #ifdef _WIN32
 
-Path Native(const std::string& text) {
-  const int length = MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, nullptr, 0);
-  Path path(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, path.data(), length);
-  return path.c_str();
-}
+Path Native(const std::string& text) { return PathOf(text).native(); }
 
 Path ProgramPath() {
   Path path(32768, L'\0');
@@ -56,14 +53,6 @@ std::string Reason() {
   return error == ERROR_MOD_NOT_FOUND ? "it is not there" : fmt::format("Windows error {}", error);
 }
 
-std::string Shown(const Path& path) {
-  std::string text;
-  for (const wchar_t c : path) {
-    text += c < 128 ? static_cast<char>(c) : '?';
-  }
-  return text;
-}
-
 #else
 
 Path Native(const std::string& text) { return text; }
@@ -84,8 +73,6 @@ std::string Reason() {
   return text == nullptr ? "it does not export ZENITHOR" : text;
 }
 
-std::string Shown(const Path& path) { return path; }
-
 #endif
 
 // Beside the program, or where it is when both are installed below one folder; else nothing.
@@ -104,18 +91,40 @@ Path PathInOwnTree() {
   return found == paths.end() ? Path() : *found;
 }
 
+std::string Shown(const Path& path) { return std::filesystem::path(path).u8string(); }
+
 }  // namespace
 
-const ZenithorLibrary& Session::Library() {
+void Session::WithoutLibrary(const char* command) const {
+  if (HasLibrary()) {
+    throw Failure(
+        "--library: {} is answered by the values inside the program; --library goes with "
+        "today, events, rise, check and doctor",
+        command);
+  }
+}
+
+std::string Session::LibraryPath() const {
+  const Path path = library_path.empty() ? PathInOwnTree() : Native(library_path);
+  return Shown(path.empty() ? ZENITHOR_LIBRARY_NAME : path);
+}
+
+const ZenithorLibrary& Session::LibraryAsItIs() {
   if (library_.Handle == nullptr) {
     const Path path = library_path.empty() ? PathInOwnTree() : Native(library_path);
     if (ZenithorOpen(&library_, path.empty() ? nullptr : path.c_str()) == 0) {
-      throw Failure(
-          "{} cannot be loaded: {}; make dll and make native build it, --library names it",
-          Shown(path.empty() ? ZENITHOR_LIBRARY_NAME : path), Reason());
+      throw Trouble("{} cannot be loaded: {}; --library names another one", LibraryPath(),
+                    Reason());
     }
   }
   return library_;
+}
+
+const ZenithorLibrary& Session::Library() {
+  if (library_.Handle == nullptr) {
+    RefuseDamagedData();
+  }
+  return LibraryAsItIs();
 }
 
 }  // namespace zenithor::almanac

@@ -1,202 +1,134 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <memory>
-#include <optional>
 
 #include "bodies.h"
 #include "commands.h"
+#include "common_options.h"
+#include "fields.h"
+#include "kinds.h"
+#include "library_places.h"
 #include "moment.h"
-#include "report.h"
+#include "zenithor/values.h"
+#include "zodiac.h"
 
 namespace zenithor::almanac {
 
 namespace {
 
-constexpr double kDegreesPerRadian = 57.29577951308232;
-
-using Field = double BodyPositionRecord::*;
-
-// A column and the field of the record that it shows.
-struct FieldColumn {
-  Column column;
-  Field field;
-  double factor = 1.0;
-  enum { kEveryBody, kPlanetsOnly, kMoonOnly } shown_for = kEveryBody;
+struct TodayOptions {
+  std::string date;  // empty: now
+  Bodies bodies = BodiesWithout({ZENITHOR_BODY_EARTH});
+  CommonOptions common;
 };
 
-using Columns = std::vector<FieldColumn>;
+constexpr const char* kShown[] = {"longitude", "latitude",        "declination",
+                                  "distance",  "right-ascension", "elongation"};
 
-const FieldColumn kGeoLongitude = {{"geo_longitude", "deg", 6}, &BodyPositionRecord::GeoLongitude};
-const FieldColumn kGeoLatitude = {{"geo_latitude", "deg", 6}, &BodyPositionRecord::GeoLatitude};
-const FieldColumn kDistanceAu = {
-    {"geo_distance", "au", 8}, &BodyPositionRecord::GeoDistance, 1.0, FieldColumn::kPlanetsOnly};
-const FieldColumn kRightAscension = {{"right_ascension", "h", 7},
-                                     &BodyPositionRecord::RightAscension};
-const FieldColumn kDeclination = {{"declination", "deg", 6}, &BodyPositionRecord::Declination};
-
-Columns PlanetColumns() {
-  return {{{"helio_longitude", "deg", 6}, &BodyPositionRecord::HelioLongitude},
-          {{"helio_latitude", "deg", 6}, &BodyPositionRecord::HelioLatitude},
-          {{"helio_distance", "au", 8}, &BodyPositionRecord::HelioDistance},
-          kGeoLongitude,
-          kGeoLatitude,
-          kDistanceAu,
-          kRightAscension,
-          kDeclination};
-}
-
-Columns MoonOnlyColumns() {
-  constexpr auto kMoonOnly = FieldColumn::kMoonOnly;
-  return {{{"moon_distance", "km", 3}, &BodyPositionRecord::GeoDistance, 1.0, kMoonOnly},
-          {{"phase_angle", "deg", 5},
-           &BodyPositionRecord::MoonPhaseAngle,
-           kDegreesPerRadian,
-           kMoonOnly},
-          {{"axis_angle", "deg", 5},
-           &BodyPositionRecord::MoonAxisPositionAngle,
-           kDegreesPerRadian,
-           kMoonOnly},
-          {{"illuminated_fraction", "", 6},
-           &BodyPositionRecord::MoonIlluminatedFraction,
-           1.0,
-           kMoonOnly}};
-}
-
-Columns MoonColumns() {
-  Columns columns = {kGeoLongitude, kGeoLatitude, kRightAscension, kDeclination};
-  const Columns more = MoonOnlyColumns();
-  columns.insert(columns.end(), more.begin(), more.end());
-  return columns;
-}
-
-Columns AllColumns() {
-  Columns columns = PlanetColumns();
-  const Columns more = MoonOnlyColumns();
-  columns.insert(columns.end(), more.begin(), more.end());
-  return columns;
-}
-
-// A record in which a field that is still NaN was not written.
-BodyPositionRecord EmptyRecord() {
-  constexpr double kUnwritten = std::numeric_limits<double>::quiet_NaN();
-  BodyPositionRecord record{};
-  for (const Field field :
-       {&BodyPositionRecord::HelioLongitude, &BodyPositionRecord::HelioLatitude,
-        &BodyPositionRecord::HelioDistance, &BodyPositionRecord::GeoLongitude,
-        &BodyPositionRecord::GeoLatitude, &BodyPositionRecord::GeoDistance,
-        &BodyPositionRecord::RightAscension, &BodyPositionRecord::Declination,
-        &BodyPositionRecord::MoonPhaseAngle, &BodyPositionRecord::MoonAxisPositionAngle,
-        &BodyPositionRecord::MoonIlluminatedFraction}) {
-    record.*field = kUnwritten;
-  }
-  return record;
-}
-
-Cell FieldCell(const FieldColumn& shown, const Body& body, const BodyPositionRecord& record) {
-  const bool is_moon = body.code == ZENITHOR_MOON;
-  const double value = record.*shown.field * shown.factor;
-  if (std::isnan(value) || (shown.shown_for == FieldColumn::kPlanetsOnly && is_moon) ||
-      (shown.shown_for == FieldColumn::kMoonOnly && !is_moon)) {
-    return {};
-  }
-  return value;
-}
-
-// One row a body. A body that the library does not answer is put on the list instead.
-void AddRow(const ZenithorLibrary& library, double julian_day, const Body& body,
-            const Columns& columns, Table& table, std::vector<std::string>& not_available) {
-  BodyPositionRecord record = EmptyRecord();
-  const bool answered =
-      library.ZENITHOR(julian_day, 0, 0, 0, 0, 0, body.code, &record) == ZENITHOR_DONE;
-  if (!answered) {
-    not_available.push_back(body.name);
-  }
-  std::vector<Cell> row = {std::string(body.name)};
-  for (const FieldColumn& shown : columns) {
-    row.push_back(answered ? FieldCell(shown, body, record) : Cell());
-  }
-  table.rows.push_back(std::move(row));
-}
-
-Table NewTable(const char* name, const Columns& columns) {
+Table PlacesTable(const Bodies& bodies, double day) {
   Table table;
-  table.name = name;
-  table.columns.push_back({"body", "", 0});
-  for (const FieldColumn& shown : columns) {
-    table.columns.push_back(shown.column);
+  table.name = "places";
+  table.columns = {TextColumn("body"),
+                   NotInText(MomentColumn("time")),
+                   JulianDayColumn(),
+                   TextColumn("zodiac"),
+                   NumberColumn("motion", "deg/day", 4, 3, 3),
+                   TextColumn("retrograde")};
+  table.columns.back().has_heading = false;
+  for (const char* const slug : kShown) {
+    table.columns.push_back(ColumnOf(FieldOf(slug)));
+  }
+  for (const Body& body : bodies) {
+    const double longitude = ZenithorValue(body.code, ZENITHOR_FIELD_APPARENT_LONGITUDE, day);
+    const double motion = ZenithorValue(body.code, ZENITHOR_FIELD_LONGITUDE_MOTION, day);
+    Row row = {std::string(body.name),
+               Moment{day},
+               day,
+               std::isnan(longitude) ? Cell() : SignText(longitude),
+               std::isnan(motion) ? Cell() : motion,
+               std::string(motion < 0.0 ? "R" : "")};
+    for (const char* const slug : kShown) {
+      const FieldWord& word = FieldOf(slug);
+      row.push_back(CellOf(word, body.code, ZenithorValue(body.code, word.field, day)));
+    }
+    table.rows.push_back(std::move(row));
   }
   return table;
 }
 
-std::vector<std::string> Head(double julian_day) {
-  return {fmt::format("Places at {} (JD {:.6f}), taken as dynamical time", CalendarText(julian_day),
-                      julian_day),
-          "Heliocentric: ecliptic of date, with nutation (Pluto without). Geocentric longitude,",
-          "latitude and distance: ecliptic of date; Sun and planets geometric, Pluto and Moon with",
-          "nutation, Pluto apparent. Right ascension and declination: apparent, equator of date."};
+std::string MoonText(double day) {
+  const double lit = ZenithorValue(ZENITHOR_BODY_MOON, ZENITHOR_FIELD_MOON_ILLUMINATION, day);
+  const double later =
+      ZenithorValue(ZENITHOR_BODY_MOON, ZENITHOR_FIELD_MOON_ILLUMINATION, day + 0.01);
+  const double distance = ZenithorValue(ZENITHOR_BODY_MOON, ZENITHOR_FIELD_GEO_DISTANCE, day);
+  return fmt::format("The Moon is {:.1f} % lit, {}, {:.0f} km away.", lit * 100.0,
+                     later > lit ? "waxing" : "waning", distance);
 }
 
-// Between them Pluto keeps within 29 and 50.5 au, as it does in the sky; a century outside it does
-// not, and at the ends of the calendar it is thousands of au away.
-constexpr int kFirstPlutoYear = -3100;
-constexpr int kLastPlutoYear = 3100;
+// What the days that come hold: the first of each of these.
+Table ComingTable(double day) {
+  Table table;
+  table.name = "coming";
+  table.columns = {MomentColumn("time"), JulianDayColumn(), NumberColumn("in", "days", 1, 1),
+                   TextColumn("event")};
+  for (const char* const slug : {"phases", "seasons", "solar-eclipses", "lunar-eclipses"}) {
+    std::int32_t kind = 0;
+    const double next =
+        ZenithorNextEventOfKinds(static_cast<std::int32_t>(KindSetOf("", slug)), day, &kind);
+    if (!std::isnan(next)) {
+      table.rows.push_back({Moment{next}, next, next - day, std::string(EventKindOf(kind).name)});
+    }
+  }
+  std::sort(table.rows.begin(), table.rows.end(), [](const Row& a, const Row& b) {
+    return std::get<double>(a[1]) < std::get<double>(b[1]);
+  });
+  return table;
+}
 
-Report PlacesReport(const ZenithorLibrary& library, double julian_day, Format format) {
+Report TodayReport(const TodayOptions& options, double day, const Clock& clock) {
   Report report;
-  report.head = Head(julian_day);
-  std::vector<std::string> not_available;
-  const bool two_tables = format == Format::kText;
-  const Columns columns = two_tables ? PlanetColumns() : AllColumns();
-  report.tables.push_back(NewTable("places", columns));
-  for (const Body& body : kPlanets) {
-    AddRow(library, julian_day, body, columns, report.tables[0], not_available);
+  report.head = {
+      fmt::format("Places at {}, {} (JD {:.6f} TT)", MomentText(clock, day), clock.name, day),
+      "Apparent geocentric places, true equinox of date, as almanacs print them. R: retrograde."};
+  report.tables.push_back(PlacesTable(options.bodies, day));
+  if (day >= ZENITHOR_FIRST_DAY && day < ZENITHOR_LAST_DAY) {
+    Table coming = ComingTable(day);
+    if (!coming.rows.empty()) {
+      report.tables.push_back(std::move(coming));
+    }
   }
-  if (two_tables) {
-    report.tables.push_back(NewTable("moon", MoonColumns()));
-    AddRow(library, julian_day, kMoon, MoonColumns(), report.tables[1], not_available);
-  } else {
-    AddRow(library, julian_day, kMoon, columns, report.tables[0], not_available);
-  }
-  AddNotAvailable(not_available, report);
-  const int year = InstantOf(julian_day).year;
-  if (year < kFirstPlutoYear || year > kLastPlutoYear) {
-    report.notes.push_back(fmt::format("Pluto's series holds no orbit outside the years {} to {}.",
-                                       kFirstPlutoYear, kLastPlutoYear));
-  }
-  report.notes.push_back(
-      "Phase angle and position angle of the Moon's axis are shown in degrees; the fields "
-      "MoonPhaseAngle,");
-  report.notes.push_back(
-      "MoonAxisPositionAngle and Obliquity of the record are in radians. The Moon's distance is in "
-      "km.");
+  report.notes.push_back(MoonText(day));
   return report;
 }
-
-struct TodayOptions {
-  std::optional<double> julian_day;  // nothing: now
-  Format format = Format::kText;
-};
 
 }  // namespace
 
 void AddTodayCommand(CLI::App& program, Session& session) {
-  CLI::App* const command =
-      program.add_subcommand("today", "Places of the Sun, the planets, Pluto and the Moon");
+  CLI::App* const command = program.add_subcommand(
+      "today", "Places of the Sun, the Moon and the planets, and what is coming");
   const auto options = std::make_shared<TodayOptions>();
-  command
-      ->add_option_function<std::string>(
-          "--date",
-          [options](const std::string& text) { options->julian_day = MomentOf("--date", text); },
-          "2026-11-21, 2026-11-21T06:30:00 or \"jd 2461365.75\"; else now")
-      ->type_name("DATE");
-  AddFormatOption(*command, options->format);
+  command->add_option("--date", options->date, "The moment; else now")
+      ->type_name("DATE")
+      ->group("Time");
+  AddBodyOption(*command, "--body", options->bodies, AllBodies(), "",
+                "Only these, with commas or blanks between");
+  AddCommonOptions(*command, options->common);
+  SetExamples(*command, {"almanac today", "almanac today --date 2026-11-21T06:30 --zone +1",
+                         "almanac today --body mars,venus --format csv"});
   command->callback([&session, options] {
-    const double julian_day = options->julian_day.value_or(CurrentJulianDay());
-    fmt::print("{}", Render(PlacesReport(session.Library(), julian_day, options->format),
-                            options->format));
+    const Clock clock = ClockOf(options->common.clock);
+    const double day = options->date.empty() ? Now() : MomentOf("--date", options->date, clock);
+    if (!session.HasLibrary()) {
+      Print(TodayReport(*options, day, clock), options->common.output, clock);
+      return;
+    }
+    const PlacesReport places =
+        LibraryPlaces(session.Library(), day, options->common.output.format, clock);
+    Print(places.report, options->common.output, clock);
+    session.exit_status = places.complete ? 0 : 1;
   });
 }
 

@@ -224,8 +224,9 @@ zenithor.position(1.5, "2000")
 @pytest.mark.parametrize("date", ["1992-12-20", "jd 2448908.5", "2026-11-21T06:30:00", "-4000-05-06 07:08:09",
                                   "9999-12-31T23:59:59.9999"])
 def test_today_prints_what_the_almanac_prints(date, repository):
-    almanac = subprocess.run([repository / "tools" / "run" / "run_almanac.sh", "--on", "linux", "today", "--date", date],
-                             check=True, capture_output=True, text=True)
+    library = repository / "out" / "linux" / "libzenithor.so"
+    almanac = subprocess.run([repository / "tools" / "run" / "run_almanac.sh", "--on", "linux", "--library", library,
+                              "today", "--time", "tt", "--date", date], check=True, capture_output=True, text=True)
     package = subprocess.run([sys.executable, "-m", "zenithor", "today", "--date", date], check=True,
                              capture_output=True, text=True)
     assert package.stdout == almanac.stdout

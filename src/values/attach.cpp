@@ -1,7 +1,8 @@
 // The load of the values library: the data inside are arranged. Under the loader lock nothing is
-// read, allocated, waited for or shown.
+// read, allocated, waited for or shown. In a program that has the library inside, the same happens
+// before main.
 
-#if defined(_WIN32)
+#if defined(_WIN32) && !defined(ZENITHOR_VALUES_IN_PROGRAM)
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
@@ -11,7 +12,7 @@
 #include "host/boundary.h"
 #include "values/data.h"
 
-#if defined(_WIN32)
+#if defined(_WIN32) && !defined(ZENITHOR_VALUES_IN_PROGRAM)
 
 extern "C" ZENITHOR_ENTRY BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason,
                                               LPVOID /*reserved*/) {

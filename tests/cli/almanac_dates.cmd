@@ -1,10 +1,15 @@
-# Dates in every form, the calendar reform, both ends of the calendar, and what is no date.
-for date in 2000-01-01 2000-01-01T12:00 "2000-01-01 12:00:30.5" -1000-07-12 -43-03-15 0-02-29 1582-10-04 \
-  1582-10-15 "jd 0" -4712-01-01 "jd -0.5" 6000-12-31T23:59:59 10000-01-01 "jd 5373484.5"; do
-  $ALMANAC today --date "$date" --format csv | sed -n 1p
+# Moments in every form, the calendar reform, both ends of the calendar, zones behind a time.
+for date in 2000-01-01 2000-01-01T12 2000-01-01T12:00 "2000-01-01 12:00:30.5" 2000-01-01T12:00Z "2000-01-01 12:00 utc" \
+  2000-01-01T12:00+02:00 2000-01-01T12-0330 2000-02 2000 -1000-07-12 -43-03-15 0-02-29 1582-10-04 1582-10-15 jd0 \
+  "jd 2451545" JD2451545.25 -4712-01-01 10000-01-01 2016-12-31T23:59:60; do
+  printf '%s: ' "$date"
+  $ALMANAC today --body mars --date "$date" --format csv | sed -n 2p | cut -d, -f2,3
 done
-for date in tomorrow "" 2000-13-01 2001-02-29 1900-02-29 1582-10-10 2000-01-01T24:00 "jd nan" -4713-12-31 \
-  "jd -0.51" 10000-01-01T00:00:01 "jd 5373484.51" "jd $(printf '9%.0s' $(seq 90))"; do
-  $ALMANAC today --date "$date" --format csv && exit 1
+echo "Dynamical time, and zones"
+for zone in "--time tt" "--zone +1" "--zone -03:30" "--zone +0545" "--zone 5.5" "--zone UTC+2" "--zone utc"; do
+  printf '%s: ' "$zone"
+  $ALMANAC today --body mars --date 2000-01-01T12:00 $zone --format jsonl | grep -o '"time":[^,]*,"julian_day":[^,]*'
 done
-exit 0
+for word in now today tomorrow yesterday; do
+  $ALMANAC today --body mars --date $word --format csv | wc -l
+done

@@ -1,5 +1,5 @@
-# Where the data files are, that they are the ones of their manifest, and that the library reads them.
-status=0
-$ALMANAC doctor >told || status=$?
-tr -d '\r' <told | tr '\\' / | sed 's|in /.*/tavvin|in FOLDER/tavvin|; s|in C:/.*/tavvin|in FOLDER/tavvin|'
-exit $status
+# What the main library sees: its files, the data, a position; and that nothing is written without a yes.
+told() { status=0; $ALMANAC "$@" >told </dev/null || status=$?; tr '\\' / <told | sed 's|  [^ ]*/tavvin|  FOLDER/tavvin|; s|  [^ ]*/zenithor.dll|  LIBRARY|; s|  [^ ]*/libzenithor.so|  LIBRARY|; s|-bit hosts  .*|-bit hosts|' | sed '/^library  *bits/,/^$/d'; echo "exit status $status"; }
+told doctor
+$ALMANAC doctor --format json | jq -r '.tables[] | "\(.name) \(.rows | length > 0)"'
+$ALMANAC doctor --format csv | head -n 1

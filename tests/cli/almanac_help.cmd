@@ -1,5 +1,8 @@
-# What the program and each command say of themselves.
+# What the program and each command say of themselves, and its version.
 $ALMANAC --help
-for command in today events rise doctor check; do
+for command in today positions events next stations retrogrades ingresses aspects rise doctor check version; do
+  echo "---- $command"
   $ALMANAC $command --help
 done
+$ALMANAC --version
+$ALMANAC version | head -n 1

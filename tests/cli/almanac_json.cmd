@@ -1,5 +1,5 @@
 # JSON: units, and rows that other programs can read; what a body does not have is null.
-$ALMANAC today --date 2000-01-01T12:00 --format json >today.json
+$ALMANAC --library "$LIBRARY" today --time tt --date 2000-01-01T12:00 --format json >today.json
 python3 - <<'PYTHON'
 import json
 with open("today.json") as file:

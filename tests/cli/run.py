@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Runs command-line tests: each NAME.cmd is a shell script whose output must be NAME.out.
 
-    run.py [--write] NAME=COMMAND... TEST.cmd...
+    run.py [--write] [--set NAME=VALUE...] NAME=COMMAND... TEST.cmd...
 
-In the scripts, $NAME runs the command, which is quoted as a shell wants it, and $ROOT is the repository;
-they run in an empty folder of their own, without the data files that the system may have.
+In the scripts, $NAME runs the command, which is quoted as a shell wants it, or is the value, and $ROOT is
+the repository; they run in an empty folder of their own, without the data files that the system may have.
 Standard output and standard error are compared together, the exit status is the last line. Of a
 number six decimals are compared: the last bits may differ from platform to platform. --write writes
 the .out files instead.
@@ -32,30 +32,31 @@ def programs(commands, folder):
     return paths
 
 
-def output_of(script, commands):
+def output_of(script, commands, variables):
     with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as bin_folder:
-        run = subprocess.run(["sh", "-eu", str(script)], cwd=folder, text=True, encoding="utf-8",
+        run = subprocess.run(["sh", "-eu", str(script)], cwd=folder,
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
-                             env={**os.environ, "ROOT": str(ROOT), "XDG_DATA_DIRS": "relative",
+                             env={**os.environ, "ROOT": str(ROOT), "XDG_DATA_DIRS": "relative", **variables,
                                   **programs(commands, bin_folder)})
-    # Windows programs end lines with carriage return and line feed.
-    output = run.stdout.replace("\r", "") + f"exit status {run.returncode}\n"
+    output = run.stdout.decode("utf-8") + f"exit status {run.returncode}\n"
     return re.sub(r"([0-9]\.[0-9]{6})[0-9]+", r"\1", output)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--write", action="store_true")
+    parser.add_argument("--set", action="append", default=[])
     parser.add_argument("words", nargs="+")
     arguments = parser.parse_args()
     commands = dict(word.split("=", 1) for word in arguments.words if "=" in word)
+    variables = dict(word.split("=", 1) for word in arguments.set)
     scripts = [Path(word).resolve() for word in arguments.words if "=" not in word]
     failed = 0
     for script in scripts:
         expected_file = script.with_suffix(".out")
-        actual = output_of(script, commands)
+        actual = output_of(script, commands, variables)
         if arguments.write:
-            expected_file.write_text(actual, encoding="utf-8")
+            expected_file.write_bytes(actual.encode("utf-8"))
             continue
         expected = expected_file.read_text(encoding="utf-8")
         if actual != expected:

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Prints today's places: the almanac in a Windows process under Wine, on the 32-bit DLL; where Wine is
-# missing, the native almanac on the native library. Words are handed to the almanac.
+# Runs the almanac in a Windows process under Wine; where Wine is missing, the native one. Words are
+# handed to it. Without any it prints today's places as the main library answers them, the 32-bit DLL.
 #   run_almanac.sh [--on win32|linux] [ARGUMENT...]
 # The data files are put into a private profile below build/ (Wine's is the one of under_wine.sh);
 # nobody's own profile is touched.
@@ -23,6 +23,7 @@ put() {
 
 run_native() {
   put "$root/build/profile/tavvin_files/archive"
+  [ $# -gt 0 ] || set -- --library "$root/out/linux/libzenithor.so" today
   XDG_DATA_HOME=$root/build/profile exec "$root/out/linux/almanac" "$@"
 }
 
@@ -44,6 +45,7 @@ run_under_wine() {
       exit 1
       ;;
   esac
+  [ $# -gt 0 ] || set -- --library "Z:$root/out/win32/zenithor.dll" today
   exec "$root/tools/run/under_wine.sh" "$root/out/win32/almanac.exe" "$@"
 }
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 
 namespace zenithor::golden {
@@ -298,7 +299,7 @@ GoldenFile ReadGoldenFile(std::istream& text, const std::string& path) {
 }
 
 GoldenFile ReadGoldenFile(const std::string& path) {
-  std::ifstream text(path);
+  std::ifstream text(std::filesystem::u8path(path));
   if (!text) {
     throw std::runtime_error(path + ": cannot be read");
   }

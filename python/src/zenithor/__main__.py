@@ -1,4 +1,5 @@
-"""``python -m zenithor [today] [--date DATE]``: places of all bodies at a moment, as the almanac prints them."""
+"""``python -m zenithor [today] [--date DATE]``: places of all bodies at a moment, as the almanac prints those of
+the main library."""
 from __future__ import annotations
 
 import argparse
@@ -49,7 +50,7 @@ MOON_COLUMNS: List[Column] = [
 ]
 
 HEAD = """\
-Places at {} (JD {:.6f}), taken as dynamical time
+Places at {}, dynamical time (TT) (JD {:.6f} TT)
 Heliocentric: ecliptic of date, with nutation (Pluto without). Geocentric longitude,
 latitude and distance: ecliptic of date; Sun and planets geometric, Pluto and Moon with
 nutation, Pluto apparent. Right ascension and declination: apparent, equator of date.
@@ -64,10 +65,10 @@ FIRST_YEAR, END_YEAR = -4712, 10000
 
 
 def _calendar(day: float) -> Tuple[str, int]:
-    """The date and time of day to the whole second, and the year."""
+    """The date and time of day to the nearest second, and the year."""
     date = (ctypes.c_int32 * 5)()
     second = ctypes.c_double()
-    LIBRARY.Calendar(day, 0.001, ctypes.addressof(date), ctypes.addressof(second))
+    LIBRARY.Calendar(day, 1.0, ctypes.addressof(date), ctypes.addressof(second))
     year, month, day_of_month, hour, minute = date
     sign = "-" if year < 0 else ""
     shown = f"{sign}{abs(year):04}-{month:02}-{day_of_month:02} {hour:02}:{minute:02}:{int(second.value):02}"
@@ -147,7 +148,7 @@ def main(arguments: Optional[Sequence[str]] = None) -> int:
         k = words.index("--date")
         words[k : k + 2] = [f"--date={words[k + 1]}"]
     options = parser.parse_args(words)
-    day = options.date if options.date is not None else 2440587.5 + int(time.time()) / 86400.0
+    day = options.date if options.date is not None else LIBRARY.ClockToDynamical(2440587.5 + time.time() / 86400.0)
     print(today(day))
     return 0
 

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "report.h"
+
+namespace zenithor::almanac {
+
+// What a table can show of a body, in the words of the command line.
+struct FieldWord {
+  const char* slug;
+  int field;  // of values.h
+  const char* unit;
+  int decimals;
+  int narrow_decimals;
+  std::size_t whole;  // digits and sign before the decimal point
+  double factor;      // from the unit of values.h, radians, to degrees
+  const char* meaning;
+};
+
+constexpr int kZodiac = 0;  // no field: the longitude's sign, as text
+
+const std::vector<FieldWord>& FieldWords();
+const FieldWord& FieldOf(const std::string& slug);
+
+Column ColumnOf(const FieldWord& word);
+
+// A value as the table shows it: distances in au also of the Moon, nothing for NaN.
+Cell CellOf(const FieldWord& word, std::int32_t body, double value);
+
+// The longitudes that searches take: apparent, geometric or heliocentric.
+struct Longitude {
+  bool geometric = false;
+  bool heliocentric = false;
+
+  std::int32_t Field() const;
+  // "Apparent geocentric longitudes, true equinox of date".
+  std::string Text() const;
+};
+
+// Gives `command` --geometric and --helio, which exclude one another.
+void AddLongitudeOptions(CLI::App& command, Longitude& longitude, bool with_helio);
+
+}  // namespace zenithor::almanac
