@@ -34,7 +34,6 @@ void Collect(const EventRecord& record, Family family, const Span& span,
 
 // The exports of the seasons and phases, each with the block that it reads back.
 struct SelectedExport {
-  const char* name;
   ZenithorSeasonOrPhase call;
   int block;
 };
@@ -47,12 +46,9 @@ bool Belongs(int block, Family family) {
 
 std::vector<SelectedExport> ExportsOf(const ZenithorLibrary& library, Family family) {
   std::vector<SelectedExport> exports;
-  const auto add = [&exports](const char* name, ZenithorSeasonOrPhase call, int block) {
-    exports.push_back({name, call, block});
-  };
-#define EXPORT_SELECTED_EVENT(name, block)            \
-  if (Belongs(block, family)) {                       \
-    add(#name, Exported(library.name, #name), block); \
+#define EXPORT_SELECTED_EVENT(name, block)                     \
+  if (Belongs(block, family)) {                                \
+    exports.push_back({Exported(library.name, #name), block}); \
   }
 #include "entry/export_list.inc"
   return exports;
