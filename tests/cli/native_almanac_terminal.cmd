@@ -43,7 +43,7 @@ print("colours", "\x1b[1m" in wide, "\x1b[" in on_terminal(POSITIONS, NO_COLOR="
       "\x1b[" in on_terminal(POSITIONS, TERM="dumb"), "\x1b[" in on_terminal([*POSITIONS, "--color", "never"]))
 print("room for all in 200 and in 80 columns", "No room" not in wide, "No room" not in narrow)
 print("longest line in 80 columns is", max(len(line) for line in on_terminal(POSITIONS[:3], NO_COLOR="1").split("\r\n")) <= 80)
-LONG = ["stations", "--from", "-2000", "--to", "4000", "--format", "csv"]
+LONG = ["stations", "--body", "mercury", "--from", "-2000", "--to", "4000", "--format", "csv"]
 bar = on_terminal(LONG, error=True)
 print("bar", "\rstations [" in bar, "%" in bar, bar.endswith(" \r"))
 quick = on_terminal(POSITIONS, error=True)
