@@ -91,13 +91,8 @@ void AddPlaceOptions(CLI::App& command, PlaceWords& words) {
       ->type_name("NAME");
   command
       .add_option("--places", words.file,
-                  "The file, lines \"name, latitude, longitude, zone\"; else places.csv in "
-#ifdef _WIN32
-                  "%APPDATA%\\almanac"
-#else
-                  "~/.config/almanac"
-#endif
-                  )
+                  "The file, lines \"name, latitude, longitude, zone\"; else almanac/places.csv in "
+                  "~/.config, on Windows in %APPDATA%")
       ->type_name("FILE");
 }
 

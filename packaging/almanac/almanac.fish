@@ -122,7 +122,7 @@ complete -c almanac -n '__fish_seen_subcommand_from rise' -l year -x -d 'A whole
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l lat -x -d 'Latitude, north positive, -90 to 90'
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l lon -x -d 'Longitude, EAST positive, -360 to 360'
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l place -x -d 'A place of the file of places, in place of both'
-complete -c almanac -n '__fish_seen_subcommand_from rise' -l places -r -F -d 'The file, lines "name, latitude, longitude, zone"; else places.csv in ~/.config/almanac'
+complete -c almanac -n '__fish_seen_subcommand_from rise' -l places -r -F -d 'The file, lines "name, latitude, longitude, zone"; else almanac/places.csv in ~/.config, on Windows in %APPDATA%'
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l body -x -a 'sun moon mercury venus earth mars jupiter saturn uranus neptune pluto all' -d 'Only these; else all ten'
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l zone -x -a 'UTC local' -d 'Clock of moments read and printed: +1, -03:30, Europe/Berlin, local; else UTC'
 complete -c almanac -n '__fish_seen_subcommand_from rise' -l time -x -a 'utc tt' -d 'utc, or tt for dynamical time; else utc'

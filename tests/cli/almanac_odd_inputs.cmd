@@ -1,4 +1,5 @@
 # What is refused, and what is said of it: each line of the table is a command line. A few are taken.
+export TZDIR=/usr/share/zoneinfo
 while read -r words; do
   [ -n "$words" ] || continue
   status=0

@@ -1,4 +1,5 @@
 # Not-a-number, infinities, other words and numbers out of range are refused, each by its option.
+export TZDIR=/usr/share/zoneinfo
 refused() { status=0; $ALMANAC "$@" || status=$?; [ $status = 2 ]; }
 for word in nan -NAN inf -inf 1e999 abc 50N 0x10 "" 90.001; do
   refused rise --lat "$word" --lon 18
