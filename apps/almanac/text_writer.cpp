@@ -222,7 +222,7 @@ class TextWriter : public Writer {
       const std::string word = CellText(row[shown_[k]], column);
       std::string cell = Padded(word, widths_[k], StandsLeft(column));
       if (colour_ && (word == "retrograde" || word == "R")) {
-        cell = kRetrograde + cell + kPlain;
+        cell.insert(0, kRetrograde).append(kPlain);
       }
       text += std::string(k == 0 ? 0 : kGap, ' ') + cell;
     }

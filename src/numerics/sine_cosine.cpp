@@ -146,7 +146,7 @@ struct ReducedAngle {
   SmallTurn turn;
 };
 
-ZENITHOR_KERNEL ReducedAngle Reduce(double x) {
+[[gnu::always_inline]] inline ReducedAngle Reduce(double x) {
   if (IsWithinKernel(x)) {
     const Standing standing = StandingOf(x);
     if (IsNearAxis(standing)) {
@@ -170,7 +170,7 @@ ZENITHOR_KERNEL ReducedAngle Reduce(double x) {
 // The cosine of an angle that is turned on by quarters, as high + low; three quarters give the
 // sine.
 constexpr unsigned kSineQuarters = 3;
-ZENITHOR_KERNEL Pair CosineOf(const ReducedAngle& angle, unsigned quarters) {
+[[gnu::always_inline]] inline Pair CosineOf(const ReducedAngle& angle, unsigned quarters) {
   return angle.near_axis
              ? CosineFromAxis(angle.from_axis.quarters + quarters, angle.from_axis.rest)
              : CosineAtStep((angle.step + quarters * kStepsPerQuarter) % kSteps, angle.turn);

@@ -67,10 +67,9 @@ class Angles {
   const double* first_;
 };
 
-// `lists` holds the arguments of each lane.
+// `lists` holds the arguments of each lane; `made` is empty at first.
 template <class Real>
-Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, double* room) {
-  Angles<Real> made(room);
+Angles<Real> AnglesOf(const SeriesAngles& angles, const ArgumentList* lists, Angles<Real> made) {
   made.Append({InEveryLane<Real>(0.0), InEveryLane<Real>(1.0)});
   for (const std::int8_t argument : angles.arguments) {
     made.AppendArgument(lists, argument);
@@ -211,7 +210,8 @@ SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
                               SeriesRoom& room) {
   double sums[kCoordinateLimit];
   const double* const coefficients = Start(table, t, polynomial, sums);
-  AddTermsByCoordinates(table, t, AnglesOf<double>(table.angles, &arguments, room.sines_cosines),
+  AddTermsByCoordinates(table, t,
+                        AnglesOf(table.angles, &arguments, Angles<double>(room.sines_cosines)),
                         coefficients, sums);
   return Named(table, sums);
 }
@@ -223,7 +223,7 @@ void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfE
   TwoMoments both[kCoordinateLimit];
   const double* coefficients = table.coefficients;
   AddPolynomial(table.arguments[1], table.coordinates.count, both_t, coefficients, both);
-  AddTermsByCoordinates(table, both_t, AnglesOf<TwoMoments>(table.angles, arguments, room),
+  AddTermsByCoordinates(table, both_t, AnglesOf(table.angles, arguments, Angles<TwoMoments>(room)),
                         coefficients, both);
   for (std::size_t moment = 0; moment < kMomentsOfEarth; ++moment) {
     double of_moment[kCoordinateLimit];
