@@ -14,18 +14,6 @@ double TimeOf(const PlanetSeriesTable& table, double julian_day) {
   return (julian_day - kJ2000) / table.time_scale;
 }
 
-// Whether every entry that FillMeanElements does not write is 0.
-bool OthersStandStill(const ArgumentList& arguments) {
-  for (int entry = 1; entry <= kArgumentLimit; ++entry) {
-    const bool written =
-        entry == kEarthMeanLongitude || (entry >= kMoonElongation && entry <= kMoonMeanLongitude);
-    if (!written && arguments[entry - 1] != 0.0) {
-      return false;
-    }
-  }
-  return true;
-}
-
 // The kept sums of a day, made with those of the step before it where they are not there.
 const EarthSums& SumsOf(double julian_day, SeriesScratch& scratch) {
   for (const EarthSums& sums : scratch.earth) {
@@ -54,18 +42,15 @@ const EarthSums& SumsOf(double julian_day, SeriesScratch& scratch) {
 
 SeriesSums SumEarthTable(const PlanetSeriesTable& table, double julian_day,
                          SeriesScratch& scratch) {
-  if (OthersStandStill(scratch.arguments)) {
+  if (scratch.room_of_two != nullptr && OthersStandStill(table, scratch.arguments)) {
     for (std::size_t k = 0; k < kEarthTables; ++k) {
       if (kTables[k] == &table) {
-        return scratch.room_of_two != nullptr
-                   ? SumsOf(julian_day, scratch).of_tables[k]
-                   : SumMovingArguments(table, TimeOf(table, julian_day), scratch.arguments,
-                                        LongitudePolynomial::kAsItStands, scratch.room);
+        return SumsOf(julian_day, scratch).of_tables[k];
       }
     }
   }
-  return SumPlanetSeries(table, TimeOf(table, julian_day), scratch.arguments,
-                         LongitudePolynomial::kAsItStands, scratch.room);
+  return SumSeries(table, TimeOf(table, julian_day), scratch.arguments,
+                   LongitudePolynomial::kAsItStands, scratch.room);
 }
 
 }  // namespace zenithor

@@ -15,8 +15,8 @@ Spherical EvaluatePlanetSeries(double julian_day, const PlanetSeriesTable& table
       arguments[k] = PlanetMeanLongitude(k + 1, t);
     }
   }
-  const auto sum = &table == &kPlutoSeries ? SumMovingArguments : SumPlanetSeries;
-  const SeriesSums sums = sum(table, t, arguments, LongitudePolynomial::kReduced, scratch.room);
+  const SeriesSums sums =
+      SumSeries(table, t, arguments, LongitudePolynomial::kReduced, scratch.room);
   return {kRadiansPerArcsecond * sums.longitude, kRadiansPerArcsecond * sums.latitude,
           table.mean_distance + kRadiansPerArcsecond * table.mean_distance * sums.radius};
 }

@@ -1,6 +1,8 @@
 #include "orbits/series_sum.h"
 
+#include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "numerics/angles.h"
 #include "numerics/sine_cosine.h"
@@ -127,26 +129,28 @@ template <std::size_t kCoordinates, class Real>
   }
 }
 
-template <std::size_t kCoordinates, class Real>
-void AddTerms(const PlanetSeriesTable& table, Real t, const Angles<Real>& angles,
-              const double* coefficients, Real* sums) {
-  for (const TermAngle& term : table.angles.terms) {
-    AddPeriodicTerm<kCoordinates>(term.power, t, angles[term.angle], coefficients, sums);
+// Calls add(the table's number of coordinates, as a constant).
+template <class Add>
+void ForCoordinates(const PlanetSeriesTable& table, const Add& add) {
+  switch (table.coordinates.count) {
+    case 1:
+      return add(std::integral_constant<std::size_t, 1>());
+    case 2:
+      return add(std::integral_constant<std::size_t, 2>());
+    default:
+      return add(std::integral_constant<std::size_t, 3>());
   }
 }
 
 // What a walk along `angles.terms` adds to the polynomial.
 template <class Real>
-void AddTermsByCoordinates(const PlanetSeriesTable& table, Real t, const Angles<Real>& angles,
-                           const double* coefficients, Real* sums) {
-  switch (table.coordinates.count) {
-    case 1:
-      return AddTerms<1>(table, t, angles, coefficients, sums);
-    case 2:
-      return AddTerms<2>(table, t, angles, coefficients, sums);
-    default:
-      return AddTerms<3>(table, t, angles, coefficients, sums);
-  }
+void AddTerms(const PlanetSeriesTable& table, Real t, const Angles<Real>& angles,
+              const double* coefficients, Real* sums) {
+  ForCoordinates(table, [&](auto coordinates) {
+    for (const TermAngle& term : table.angles.terms) {
+      AddPeriodicTerm<coordinates>(term.power, t, angles[term.angle], coefficients, sums);
+    }
+  });
 }
 
 SeriesSums Named(const PlanetSeriesTable& table, const double* sums) {
@@ -182,26 +186,18 @@ SeriesSums SumPlanetSeries(const PlanetSeriesTable& table, double t, const Argum
   }
   double sums[kCoordinateLimit];
   const double* coefficients = Start(table, t, polynomial, sums);
-  const std::int8_t* code = table.arguments + 2;
-  for (int pairs = *code++; pairs >= 0; pairs = *code++) {
-    AngleSum sum;
-    for (int k = 0; k < pairs; ++k, code += 2) {
-      AddMultiple(code[0], room.rows[code[1] - 1], sum);
+  ForCoordinates(table, [&](auto coordinates) {
+    const std::int8_t* code = table.arguments + 2;
+    for (int pairs = *code++; pairs >= 0; pairs = *code++) {
+      AngleSum sum;
+      for (int k = 0; k < pairs; ++k, code += 2) {
+        AddMultiple(code[0], room.rows[code[1] - 1], sum);
+      }
+      const int power = *code++;
+      AddPeriodicTerm<coordinates>(power, t, AngleOf<double>{sum.sine, sum.cosine}, coefficients,
+                                   sums);
     }
-    const AngleOf<double> angle{sum.sine, sum.cosine};
-    const int power = *code++;
-    // All coordinates of a term, as the number of them says.
-    switch (table.coordinates.count) {
-      case 1:
-        AddPeriodicTerm<1>(power, t, angle, coefficients, sums);
-        break;
-      case 2:
-        AddPeriodicTerm<2>(power, t, angle, coefficients, sums);
-        break;
-      default:
-        AddPeriodicTerm<3>(power, t, angle, coefficients, sums);
-    }
-  }
+  });
   return Named(table, sums);
 }
 
@@ -210,10 +206,27 @@ SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
                               SeriesRoom& room) {
   double sums[kCoordinateLimit];
   const double* const coefficients = Start(table, t, polynomial, sums);
-  AddTermsByCoordinates(table, t,
-                        AnglesOf(table.angles, &arguments, Angles<double>(room.sines_cosines)),
-                        coefficients, sums);
+  AddTerms(table, t, AnglesOf(table.angles, &arguments, Angles<double>(room.sines_cosines)),
+           coefficients, sums);
   return Named(table, sums);
+}
+
+bool OthersStandStill(const PlanetSeriesTable& table, const ArgumentList& arguments) {
+  const ListOf<std::int8_t>& moving = table.angles.arguments;
+  for (int k = 0; k < table.argument_count; ++k) {
+    if (table.highest_harmonic[static_cast<std::size_t>(k)] > 0 && arguments[k] != 0.0 &&
+        std::find(moving.begin(), moving.end(), k + 1) == moving.end()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+SeriesSums SumSeries(const PlanetSeriesTable& table, double t, const ArgumentList& arguments,
+                     LongitudePolynomial polynomial, SeriesRoom& room) {
+  return OthersStandStill(table, arguments)
+             ? SumMovingArguments(table, t, arguments, polynomial, room)
+             : SumPlanetSeries(table, t, arguments, polynomial, room);
 }
 
 void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
@@ -223,8 +236,8 @@ void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfE
   TwoMoments both[kCoordinateLimit];
   const double* coefficients = table.coefficients;
   AddPolynomial(table.arguments[1], table.coordinates.count, both_t, coefficients, both);
-  AddTermsByCoordinates(table, both_t, AnglesOf(table.angles, arguments, Angles<TwoMoments>(room)),
-                        coefficients, both);
+  AddTerms(table, both_t, AnglesOf(table.angles, arguments, Angles<TwoMoments>(room)), coefficients,
+           both);
   for (std::size_t moment = 0; moment < kMomentsOfEarth; ++moment) {
     double of_moment[kCoordinateLimit];
     for (std::size_t k = 0; k < table.coordinates.count; ++k) {

@@ -40,8 +40,15 @@ SeriesSums SumMovingArguments(const PlanetSeriesTable& table, double t,
                               const ArgumentList& arguments, LongitudePolynomial polynomial,
                               SeriesRoom& room);
 
-// The same for two moments side by side, the longitude's polynomial as it stands; `room` holds
-// kRoomOfTwo numbers.
+// Whether that is so: every other argument that the table uses is 0.
+bool OthersStandStill(const PlanetSeriesTable& table, const ArgumentList& arguments);
+
+// By the quick walk where that is so, else by the plain one.
+SeriesSums SumSeries(const PlanetSeriesTable& table, double t, const ArgumentList& arguments,
+                     LongitudePolynomial polynomial, SeriesRoom& room);
+
+// The quick walk for two moments side by side, the longitude's polynomial as it stands; `room`
+// holds kRoomOfTwo numbers.
 void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfEarth],
                    const ArgumentList (&arguments)[kMomentsOfEarth], double* room,
                    SeriesSums (&sums)[kMomentsOfEarth]);
