@@ -11,7 +11,6 @@
 #include "failure.h"
 #include "fields.h"
 #include "options.h"
-#include "progress.h"
 #include "searches.h"
 #include "words.h"
 #include "zenithor/values.h"
@@ -60,27 +59,23 @@ std::vector<Pair> PairsOf(const Bodies& bodies, const Bodies& with) {
 
 std::vector<Aspect> AspectsOf(const std::vector<Pair>& pairs, const std::vector<double>& angles,
                               std::int32_t field, const Span& span) {
-  Progress progress("aspects");
-  std::vector<Aspect> aspects;
-  const auto searches = static_cast<double>(pairs.size() * angles.size());
-  double done = 0.0;
-  for (const Pair& pair : pairs) {
-    for (const double angle : angles) {
-      const auto search = [&](double from, double to, double* days, std::int32_t* codes,
-                              std::int32_t capacity) {
-        return ZenithorDirectedAspects(pair.body.code, pair.other.code, field, angle, from, to,
-                                       days, codes, capacity);
-      };
-      for (const Found& found :
-           FindAll(search, span, [&](double part) { progress.Show((done + part) / searches); })) {
-        aspects.push_back({pair.body, pair.other, angle, found.day});
-      }
-      done += 1.0;
-    }
-  }
-  std::stable_sort(aspects.begin(), aspects.end(),
-                   [](const Aspect& a, const Aspect& b) { return a.day < b.day; });
-  return aspects;
+  return FindEach(
+      "aspects", pairs.size() * angles.size(),
+      [&](std::size_t k, const Advanced& advanced) {
+        const Pair& pair = pairs[k / angles.size()];
+        const double angle = angles[k % angles.size()];
+        const auto search = [&](double from, double to, double* days, std::int32_t* codes,
+                                std::int32_t capacity) {
+          return ZenithorDirectedAspects(pair.body.code, pair.other.code, field, angle, from, to,
+                                         days, codes, capacity);
+        };
+        std::vector<Aspect> aspects;
+        for (const Found& found : FindAll(search, span, advanced)) {
+          aspects.push_back({pair.body, pair.other, angle, found.day});
+        }
+        return aspects;
+      },
+      [](const Aspect& aspect) { return aspect.day; });
 }
 
 std::vector<double> AnglesOf(const std::vector<std::string>& words) {
@@ -107,20 +102,12 @@ void PrintAspects(const AspectsOptions& options) {
   const Clock clock = ClockOf(options.common.clock);
   const Span span = SearchedSpanOf(options.span, clock);
   const std::int32_t field = options.longitude.Field();
-  const Bodies usual = options.longitude.heliocentric
-                           ? BodiesWithout({ZENITHOR_BODY_SUN, ZENITHOR_BODY_MOON})
-                           : BodiesWithout({ZENITHOR_BODY_EARTH, ZENITHOR_BODY_MOON});
+  const Bodies usual = options.longitude.UsualBodies();
   const Bodies bodies = options.bodies.empty() ? usual : options.bodies;
   // One body alone stands against all others.
   const Bodies with = !options.with.empty() ? options.with : bodies.size() == 1 ? usual : bodies;
-  for (const Bodies& list : {bodies, with}) {
-    for (const Body& body : list) {
-      if (ZenithorHasField(body.code, field) == 0) {
-        throw Failure("--body {}: has no {} longitude", body.name,
-                      options.longitude.heliocentric ? "heliocentric" : "geocentric");
-      }
-    }
-  }
+  options.longitude.Check(bodies);
+  options.longitude.Check(with);
   const std::vector<Aspect> aspects = AspectsOf(PairsOf(bodies, with), options.angles, field, span);
   const std::unique_ptr<Writer> writer = NewWriter(options.common.output, clock);
   writer->Head({fmt::format("Aspects {}", SpanText(span, clock)), options.longitude.Text()});

@@ -173,6 +173,11 @@ std::string MomentText(const Clock& clock, double dynamical_day, int round_to) {
   return text;
 }
 
+std::string PlacesHead(const Clock& clock, double dynamical_day) {
+  return fmt::format("Places at {}, {} (JD {:.6f} TT)", MomentText(clock, dynamical_day),
+                     clock.name, dynamical_day);
+}
+
 std::string IsoText(const Clock& clock, double dynamical_day) {
   std::string text = MomentText(clock, dynamical_day);
   text[text.find(' ')] = 'T';

@@ -52,6 +52,9 @@ int OffsetAt(const Clock& clock, double dynamical_day);
 // "2026-11-21 06:30:15"; rounded to so many seconds, 60 without the seconds.
 std::string MomentText(const Clock& clock, double dynamical_day, int round_to = 1);
 
+// The head of a table of places: moment, clock and Julian day.
+std::string PlacesHead(const Clock& clock, double dynamical_day);
+
 // "2026-11-21T06:30:15Z", "...+01:00"; without either for dynamical time.
 std::string IsoText(const Clock& clock, double dynamical_day);
 

@@ -59,8 +59,7 @@ void AddEventsCommand(CLI::App& program, Session& session) {
       writer->AddRow({Moment{event.day}, event.day, std::string(EventKindOf(event.code).name)});
     }
     writer->EndTable();
-    writer->Finish(events.empty() ? std::vector<std::string>{"No such event in this span."}
-                                  : std::vector<std::string>());
+    writer->Finish(NoteIf(events.empty(), "No such event in this span."));
   });
 }
 

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "failure.h"
 #include "zenithor/values.h"
 
 namespace zenithor::almanac {
 
 namespace {
 
-constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kKmPerAu = 149597870.7;  // IAU 2012 resolution B2
 
 }  // namespace
@@ -88,6 +88,20 @@ std::string Longitude::Text() const {
   }
   return geometric ? "Geometric geocentric longitudes, field 4 of the record."
                    : "Apparent geocentric longitudes, true equinox of date.";
+}
+
+Bodies Longitude::UsualBodies() const {
+  return heliocentric ? BodiesWithout({ZENITHOR_BODY_SUN, ZENITHOR_BODY_MOON})
+                      : BodiesWithout({ZENITHOR_BODY_EARTH, ZENITHOR_BODY_MOON});
+}
+
+void Longitude::Check(const Bodies& bodies) const {
+  for (const Body& body : bodies) {
+    if (ZenithorHasField(body.code, Field()) == 0) {
+      throw Failure("--body {}: has no {} longitude", body.name,
+                    heliocentric ? "heliocentric" : "geocentric");
+    }
+  }
 }
 
 void AddLongitudeOptions(CLI::App& command, Longitude& longitude, bool with_helio) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "bodies.h"
 #include "report.h"
 
 namespace zenithor::almanac {
@@ -20,6 +21,7 @@ struct FieldWord {
   const char* meaning;
 };
 
+constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr int kZodiac = 0;  // no field: the longitude's sign, as text
 
 const std::vector<FieldWord>& FieldWords();
@@ -38,6 +40,10 @@ struct Longitude {
   std::int32_t Field() const;
   // "Apparent geocentric longitudes, true equinox of date".
   std::string Text() const;
+  // Those that have it, but for the Moon.
+  Bodies UsualBodies() const;
+  // Throws Failure, naming --body, where one of these has it not.
+  void Check(const Bodies& bodies) const;
 };
 
 // Gives `command` --geometric and --helio, which exclude one another.

@@ -1,17 +1,14 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cmath>
 #include <memory>
 
 #include "bodies.h"
 #include "commands.h"
 #include "common_options.h"
-#include "failure.h"
 #include "fields.h"
 #include "options.h"
-#include "progress.h"
 #include "searches.h"
 #include "zenithor/values.h"
 #include "zodiac.h"
@@ -39,30 +36,25 @@ struct Ingress {
 
 std::vector<Ingress> IngressesOf(const IngressesOptions& options, const Bodies& bodies,
                                  const Span& span) {
-  Progress progress("ingresses");
-  std::vector<Ingress> ingresses;
   // Targets are multiples, so that 7.2 brings no sum of roundings.
-  const auto count = static_cast<int>(std::ceil(360.0 / options.every - 1e-9));
-  const double searches = static_cast<double>(bodies.size()) * count;
-  double done = 0.0;
-  for (const Body& body : bodies) {
-    for (int k = 0; k < count; ++k) {
-      const double target = k * options.every;
-      const auto search = [&](double from, double to, double* days, std::int32_t* codes,
-                              std::int32_t capacity) {
-        return ZenithorDirectedCrossings(body.code, options.longitude.Field(), target, from, to,
-                                         days, codes, capacity);
-      };
-      for (const Found& found :
-           FindAll(search, span, [&](double part) { progress.Show((done + part) / searches); })) {
-        ingresses.push_back({body, found.day, target, found.code});
-      }
-      done += 1.0;
-    }
-  }
-  std::stable_sort(ingresses.begin(), ingresses.end(),
-                   [](const Ingress& a, const Ingress& b) { return a.day < b.day; });
-  return ingresses;
+  const auto targets = static_cast<std::size_t>(std::ceil(360.0 / options.every - 1e-9));
+  return FindEach(
+      "ingresses", bodies.size() * targets,
+      [&](std::size_t k, const Advanced& advanced) {
+        const Body& body = bodies[k / targets];
+        const double target = static_cast<double>(k % targets) * options.every;
+        const auto search = [&](double from, double to, double* days, std::int32_t* codes,
+                                std::int32_t capacity) {
+          return ZenithorDirectedCrossings(body.code, options.longitude.Field(), target, from, to,
+                                           days, codes, capacity);
+        };
+        std::vector<Ingress> ingresses;
+        for (const Found& found : FindAll(search, span, advanced)) {
+          ingresses.push_back({body, found.day, target, found.code});
+        }
+        return ingresses;
+      },
+      [](const Ingress& ingress) { return ingress.day; });
 }
 
 // A planet that runs back enters the sign below.
@@ -74,12 +66,7 @@ std::string SignEntered(const Ingress& ingress) {
 void PrintIngresses(const IngressesOptions& options) {
   const Clock clock = ClockOf(options.common.clock);
   const Span span = SearchedSpanOf(options.span, clock);
-  Bodies bodies = options.bodies;
-  if (bodies.empty()) {
-    bodies = options.longitude.heliocentric
-                 ? BodiesWithout({ZENITHOR_BODY_SUN, ZENITHOR_BODY_MOON})
-                 : BodiesWithout({ZENITHOR_BODY_EARTH, ZENITHOR_BODY_MOON});
-  }
+  const Bodies bodies = options.bodies.empty() ? options.longitude.UsualBodies() : options.bodies;
   const bool whole_signs = std::fmod(options.every, kDegreesPerSign) == 0.0;
   std::vector<Column> columns = {MomentColumn("time"), JulianDayColumn(), TextColumn("body")};
   if (whole_signs) {
@@ -105,8 +92,7 @@ void PrintIngresses(const IngressesOptions& options) {
     writer->AddRow(row);
   }
   writer->EndTable();
-  writer->Finish(ingresses.empty() ? std::vector<std::string>{"No ingress in this span."}
-                                   : std::vector<std::string>());
+  writer->Finish(NoteIf(ingresses.empty(), "No ingress in this span."));
 }
 
 }  // namespace
@@ -128,13 +114,7 @@ void AddIngressesCommand(CLI::App& program, Session& session) {
                "almanac ingresses --body mars,jupiter --every 45 --year 2026 --format csv"});
   command->callback([&session, options] {
     session.WithoutLibrary("ingresses");
-    for (const Body& body : options->bodies) {
-      const bool has = ZenithorHasField(body.code, options->longitude.Field()) != 0;
-      if (!has) {
-        throw Failure("--body {}: has no {} longitude", body.name,
-                      options->longitude.heliocentric ? "heliocentric" : "geocentric");
-      }
-    }
+    options->longitude.Check(options->bodies);
     PrintIngresses(*options);
   });
 }

@@ -7,13 +7,12 @@
 #include <limits>
 
 #include "bodies.h"
+#include "fields.h"
 #include "moment.h"
 
 namespace zenithor::almanac {
 
 namespace {
-
-constexpr double kDegreesPerRadian = 57.29577951308232;
 
 using Field = double BodyPositionRecord::*;
 
@@ -119,8 +118,7 @@ Table NewTable(const char* name, const Columns& columns) {
 }
 
 std::vector<std::string> Head(double julian_day, const Clock& clock) {
-  return {fmt::format("Places at {}, {} (JD {:.6f} TT)", MomentText(clock, julian_day), clock.name,
-                      julian_day),
+  return {PlacesHead(clock, julian_day),
           "Heliocentric: ecliptic of date, with nutation (Pluto without). Geocentric longitude,",
           "latitude and distance: ecliptic of date; Sun and planets geometric, Pluto and Moon with",
           "nutation, Pluto apparent. Right ascension and declination: apparent, equator of date."};

@@ -48,8 +48,7 @@ LibraryRise LibraryRiseReport(const ZenithorLibrary& library, double noon, const
   Report report;
   report.head = {
       fmt::format("Rise, transit and set on {} by GEO_RISE, {}", DateText(noon), clock.name),
-      fmt::format("latitude {:+.4f}, longitude {:+.4f} (east is +)", place.latitude,
-                  place.east_longitude)};
+      CoordinatesText(place)};
   Table table{"rise",
               {TextColumn("body"), TextColumn("rise"), TextColumn("transit"), TextColumn("set")},
               {}};

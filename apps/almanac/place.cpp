@@ -96,6 +96,11 @@ void AddPlaceOptions(CLI::App& command, PlaceWords& words) {
       ->type_name("FILE");
 }
 
+std::string CoordinatesText(const Place& place) {
+  return fmt::format("latitude {:+.4f}, longitude {:+.4f} (east is +)", place.latitude,
+                     place.east_longitude);
+}
+
 Place PlaceOf(const PlaceWords& words) {
   const bool coordinates = !words.latitude.empty() || !words.longitude.empty();
   if (words.place.empty() && !coordinates && words.file.empty()) {

@@ -24,6 +24,9 @@ struct PlaceWords {
   std::string file;
 };
 
+// "latitude +59.3300, longitude +18.0700 (east is +)".
+std::string CoordinatesText(const Place& place);
+
 void AddPlaceOptions(CLI::App& command, PlaceWords& words);
 
 // The place that the words name. A file of places has a line for each, such as

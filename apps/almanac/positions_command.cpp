@@ -117,11 +117,9 @@ Moments MomentsOf(const PositionsOptions& options, const Clock& clock) {
 
 std::vector<std::string> HeadOf(const PositionsOptions& options, const Moments& moments,
                                 const Clock& clock) {
-  const std::string first =
-      moments.single
-          ? fmt::format("Places at {}, {} (JD {:.6f} TT)", MomentText(clock, moments.span.from),
-                        clock.name, moments.span.from)
-          : fmt::format("Places {}", SpanText(moments.span, clock));
+  const std::string first = moments.single
+                                ? PlacesHead(clock, moments.span.from)
+                                : fmt::format("Places {}", SpanText(moments.span, clock));
   if (!options.fields.empty()) {
     return {first};
   }

@@ -84,6 +84,10 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
       ->group("Output");
 }
 
+std::vector<std::string> NoteIf(bool empty, const char* note) {
+  return empty ? std::vector<std::string>{note} : std::vector<std::string>();
+}
+
 std::unique_ptr<Writer> NewWriter(const OutputOptions& options, const Clock& clock) {
   switch (options.format) {
     case Format::kCsv:

@@ -74,6 +74,9 @@ class Writer {
   virtual void Finish(const std::vector<std::string>& notes) = 0;
 };
 
+// The notes of a table that may be empty, in which case they say so.
+std::vector<std::string> NoteIf(bool empty, const char* note);
+
 std::unique_ptr<Writer> NewWriter(const OutputOptions& options, const Clock& clock);
 
 // A table that is at hand.

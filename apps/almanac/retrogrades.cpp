@@ -30,7 +30,7 @@ double Met(const Body& body, std::int32_t field, double longitude, const Span& s
 }  // namespace
 
 std::vector<Retrograde> RetrogradesOf(const Body& body, std::int32_t field, const Span& span,
-                                      const std::function<void(double)>& advanced) {
+                                      const Advanced& advanced) {
   const Span around = {std::max(span.from - kAround, ZENITHOR_FIRST_DAY),
                        std::min(span.to + kAround, ZENITHOR_LAST_DAY)};
   const std::vector<Station> stations = StationsOf(body, field, around, advanced);

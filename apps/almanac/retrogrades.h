@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "stations.h"
@@ -19,6 +18,6 @@ struct Retrograde {
 
 // Those of which some part between the stations lies in the span.
 std::vector<Retrograde> RetrogradesOf(const Body& body, std::int32_t field, const Span& span,
-                                      const std::function<void(double)>& advanced);
+                                      const Advanced& advanced);
 
 }  // namespace zenithor::almanac

@@ -60,8 +60,7 @@ void AddRow(const Body& body, double noon, const Clock& clock, const Place& plac
 }
 
 std::string PlaceText(const Place& place) {
-  const std::string numbers = fmt::format("latitude {:+.4f}, longitude {:+.4f} (east is +)",
-                                          place.latitude, place.east_longitude);
+  const std::string numbers = CoordinatesText(place);
   return place.name.empty() ? numbers : fmt::format("{}, {}", place.name, numbers);
 }
 

@@ -7,8 +7,7 @@
 
 namespace zenithor::almanac {
 
-std::vector<Found> FindAll(const Search& search, const Span& span,
-                           const std::function<void(double)>& advanced) {
+std::vector<Found> FindAll(const Search& search, const Span& span, const Advanced& advanced) {
   constexpr double kCentury = 36525.0;
   std::vector<Found> found;
   std::vector<double> days(1024);

@@ -9,7 +9,7 @@ Bodies TurningBodies() {
 }
 
 std::vector<Station> StationsOf(const Body& body, std::int32_t field, const Span& span,
-                                const std::function<void(double)>& advanced) {
+                                const Advanced& advanced) {
   const auto search = [&](double from, double to, double* days, std::int32_t* codes,
                           std::int32_t capacity) {
     return ZenithorDirectedStations(body.code, field, from, to, days, codes, capacity);

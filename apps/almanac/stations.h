@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "bodies.h"
@@ -12,8 +11,6 @@ namespace zenithor::almanac {
 // Mercury to Pluto: those whose geocentric longitude turns.
 Bodies TurningBodies();
 
-constexpr char kNeverTurns[] = "its longitude never turns; write mercury, venus, mars, ... pluto";
-
 struct Station {
   Body body;
   double day;              // dynamical time
@@ -22,6 +19,6 @@ struct Station {
 };
 
 std::vector<Station> StationsOf(const Body& body, std::int32_t field, const Span& span,
-                                const std::function<void(double)>& advanced);
+                                const Advanced& advanced);
 
 }  // namespace zenithor::almanac

@@ -91,7 +91,7 @@ Table ComingTable(double day) {
 Report TodayReport(const TodayOptions& options, double day, const Clock& clock) {
   Report report;
   report.head = {
-      fmt::format("Places at {}, {} (JD {:.6f} TT)", MomentText(clock, day), clock.name, day),
+      PlacesHead(clock, day),
       "Apparent geocentric places, true equinox of date, as almanacs print them. R: retrograde."};
   report.tables.push_back(PlacesTable(options.bodies, day));
   if (day >= ZENITHOR_FIRST_DAY && day < ZENITHOR_LAST_DAY) {
