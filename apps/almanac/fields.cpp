@@ -53,7 +53,7 @@ const std::vector<FieldWord>& FieldWords() {
   return words;
 }
 
-const FieldWord& FieldOf(const std::string& slug) {
+const FieldWord& FieldOf(std::string_view slug) {
   const auto& words = FieldWords();
   return *std::find_if(words.begin(), words.end(),
                        [&](const FieldWord& word) { return slug == word.slug; });

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bodies.h"
@@ -25,7 +26,7 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr int kZodiac = 0;  // no field: the longitude's sign, as text
 
 const std::vector<FieldWord>& FieldWords();
-const FieldWord& FieldOf(const std::string& slug);
+const FieldWord& FieldOf(std::string_view slug);
 
 Column ColumnOf(const FieldWord& word);
 
