@@ -1,6 +1,6 @@
-# What `cmake --install` puts in place on Linux: libraries, headers, programs and data, a package for
-# CMake and files for pkg-config. Nothing in them says where they stand, so the tree may be moved.
-# Components: libraries, development, programs, data.
+# What `cmake --install` puts in place on Linux: libraries, headers, programs with their manual pages
+# and completions, data, a package for CMake and files for pkg-config. Nothing in them says where they
+# stand, so the tree may be moved. Components: libraries, development, programs, data.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 set(data ${CMAKE_INSTALL_DATADIR}/tavvin_files/archive)
@@ -48,9 +48,20 @@ if(TARGET almanac)
     target_compile_definitions(almanac PRIVATE ZENITHOR_LIBRARY_FOLDER="${to_library}")
   endif()
   install(TARGETS almanac DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
+  # Where each shell looks for completions.
+  set(pages ${PROJECT_SOURCE_DIR}/packaging/almanac)
+  install(FILES ${pages}/almanac.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
+  install(FILES ${pages}/almanac.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME almanac COMPONENT programs)
+  install(FILES ${pages}/_almanac DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions
+    COMPONENT programs)
+  install(FILES ${pages}/almanac.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+    COMPONENT programs)
 endif()
 if(TARGET karvo)
   install(TARGETS karvo DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
+  install(FILES ${PROJECT_SOURCE_DIR}/packaging/linux/karvo.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
 endif()
 install(FILES ${ZENITHOR_ARCHIVE}/karvo.ndx ${ZENITHOR_ARCHIVE}/karvo.dat
   ${ZENITHOR_ARCHIVE}/manifest.json DESTINATION ${data} COMPONENT data)

@@ -203,7 +203,9 @@ std::string FishCompletion(const ProgramDefinition& program) {
     if (TakesFile(option)) {
       line += option.positional ? " -F" : " -r -F";
     } else if (!values.empty()) {
-      line += (option.positional ? " -a " : " -x -a ") + Quoted(CLI::detail::join(values, " "));
+      const std::string list = CLI::detail::join(values, " ");
+      line += (option.positional ? " -a " : " -x -a ") +
+              Quoted(option.many ? "(__fish_complete_list , \"string split ' ' '" + list + "'\")" : list);
     } else if (!option.value.empty()) {
       line += " -x";
     }
