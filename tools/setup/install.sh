@@ -16,6 +16,7 @@ python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
 debian="dpkg-dev debhelper"
+shells="zsh fish"
 samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime r-base-core ruby"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 wasm="emscripten"
@@ -50,6 +51,7 @@ steps() {
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       step extra "Samples are tested in fewer languages." $samples
+      step extra "The almanac's completions are tried in bash alone." $shells
       ;;
     bench)
       step needed "There is nothing to measure with." libbenchmark-dev libnova-dev valgrind
