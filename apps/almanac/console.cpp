@@ -101,13 +101,6 @@ bool ToConsole(DWORD standard_handle, std::string_view text) {
 void PrepareConsole() {
   static_cast<void>(_setmode(_fileno(stdout), _O_BINARY));
   static_cast<void>(_setmode(_fileno(stderr), _O_BINARY));
-  // Colours are control sequences where the console knows them.
-  DWORD mode = 0;
-  const HANDLE out = GetStdHandle(STD_OUTPUT_HANDLE);
-  if (GetConsoleMode(out, &mode) != 0) {
-    constexpr DWORD kVirtualTerminal = 4;
-    static_cast<void>(SetConsoleMode(out, mode | kVirtualTerminal));
-  }
 }
 
 std::vector<std::string> WordsOf(int /*argument_count*/, char** /*arguments*/) {
@@ -128,6 +121,14 @@ std::string EnvironmentOf(const char* name) {
 
 bool OutIsTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
 bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
+
+bool OutShowsColours() {
+  // Colours are control sequences, for a console that agrees to read them.
+  constexpr DWORD kVirtualTerminal = 4;
+  const HANDLE out = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(out, &mode) != 0 && SetConsoleMode(out, mode | kVirtualTerminal) != 0;
+}
 
 int TerminalWidth() {
   CONSOLE_SCREEN_BUFFER_INFO info;
@@ -154,6 +155,7 @@ std::string EnvironmentOf(const char* name) {
 
 bool OutIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
 bool ErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+bool OutShowsColours() { return OutIsTerminal() && EnvironmentOf("TERM") != "dumb"; }
 
 int TerminalWidth() {
   winsize size{};

@@ -99,12 +99,11 @@ std::unique_ptr<Writer> NewWriter(const OutputOptions& options, const Clock& clo
     case Format::kText:
       break;
   }
-  const bool plain =
-      options.colour == "never" ||
-      (options.colour != "always" &&
-       (!OutIsTerminal() || !EnvironmentOf("NO_COLOR").empty() || EnvironmentOf("TERM") == "dumb"));
+  const bool colour =
+      options.colour == "always" ||
+      (options.colour != "never" && EnvironmentOf("NO_COLOR").empty() && OutShowsColours());
   const int width = options.width >= 0 ? options.width : TerminalWidth();
-  return NewTextWriter(clock, static_cast<std::size_t>(width), !plain);
+  return NewTextWriter(clock, static_cast<std::size_t>(width), colour);
 }
 
 void Print(const Report& report, const OutputOptions& options, const Clock& clock) {

@@ -34,6 +34,22 @@ std::string Padded(const std::string& text, std::size_t width, bool left) {
   return left ? text + blanks : blanks + text;
 }
 
+// A sentence in lines of so many letters, 0 for no limit; what holds no blank stays whole.
+std::vector<std::string> Wrapped(const std::string& sentence, std::size_t width) {
+  if (width == 0 || Letters(sentence) <= width) {
+    return {sentence};
+  }
+  std::vector<std::string> lines;
+  for (const std::string& word : CLI::detail::split(sentence, ' ')) {
+    if (!lines.empty() && Letters(lines.back()) + 1 + Letters(word) <= width) {
+      lines.back() += " " + word;
+    } else {
+      lines.push_back(word);
+    }
+  }
+  return lines;
+}
+
 // The lines of a heading: the words of the name, then the unit.
 std::vector<std::string> HeadingLines(const Column& column, const std::string& unit) {
   if (!column.has_heading) {
@@ -60,7 +76,7 @@ class TextWriter : public Writer {
 
   void Head(const std::vector<std::string>& lines) override {
     for (std::size_t k = 0; k < lines.size(); ++k) {
-      WriteLine(lines[k], k == 0 ? kBold : "");
+      WriteSentence(lines[k], k == 0 ? kBold : "");
     }
   }
 
@@ -97,12 +113,18 @@ class TextWriter : public Writer {
       WriteOut("\n");
     }
     for (const std::string& line : all) {
-      WriteLine(line, kQuiet);
+      WriteSentence(line, kQuiet);
     }
     FlushOut();
   }
 
  private:
+  void WriteSentence(const std::string& sentence, const char* style) const {
+    for (const std::string& line : Wrapped(sentence, width_)) {
+      WriteLine(line, style);
+    }
+  }
+
   void WriteLine(const std::string& line, const char* style) const {
     WriteOut(colour_ && style[0] != '\0' ? style + line + kPlain + "\n" : line + "\n");
   }
