@@ -205,7 +205,8 @@ std::string FishCompletion(const ProgramDefinition& program) {
     } else if (!values.empty()) {
       const std::string list = CLI::detail::join(values, " ");
       line += (option.positional ? " -a " : " -x -a ") +
-              Quoted(option.many ? "(__fish_complete_list , \"string split ' ' '" + list + "'\")" : list);
+              Quoted(option.many ? "(__fish_complete_list , \"string split ' ' '" + list + "'\")"
+                                 : list);
     } else if (!option.value.empty()) {
       line += " -x";
     }

@@ -35,8 +35,8 @@ void WriteError(std::string_view text);
 bool OutIsTerminal();
 bool ErrorIsTerminal();
 
-// Whether standard output is a terminal that shows colours: Windows' consoles do from Windows 10 on,
-// others but where TERM is dumb.
+// Whether standard output is a terminal that shows colours: Windows' consoles do from Windows 10
+// on, others but where TERM is dumb.
 bool OutShowsColours();
 
 // A line from standard input, without its end; empty at the end of input.

@@ -9,13 +9,13 @@ export DEBIAN_FRONTEND=noninteractive LC_ALL=C
 target=${1:-run}
 
 native="make cmake g++ python3 libcli11-dev libfmt-dev nlohmann-json3-dev"
-checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git pkg-config"
+checkers="googletest libgtest-dev clang clang-tidy clang-format cppcheck libclang-rt-dev binutils git pkg-config jq"
 mingw32="g++-mingw-w64-i686"
 mingw="$mingw32 g++-mingw-w64-x86-64"
 python="python3-venv python3-numpy python3-pytest python3-hypothesis"
 python_extras="python3-pandas python3-matplotlib python3-dask python3-distributed python3-zarr mypy"
 wine="wine wine64 wine32:i386"
-debian="dpkg-dev debhelper"
+debian="build-essential dpkg-dev debhelper"
 shells="zsh fish"
 samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime r-base-core ruby"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
