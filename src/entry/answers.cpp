@@ -10,7 +10,7 @@ namespace zenithor {
 double AnswerPosition(double julian_day, double observer_longitude, double observer_latitude,
                       BodyCode code, BodyPositionRecord* record) {
   CallState state;
-  return ComputePosition(process_state.store, state.Get(), julian_day, observer_longitude,
+  return ComputePosition(process_state.store, state.WithAnswers(), julian_day, observer_longitude,
                          observer_latitude, code, record);
 }
 

@@ -4,12 +4,13 @@
 #include <cstdint>
 
 #include "ephemeris/store.h"
+#include "host/answer_room.h"
 
 namespace zenithor {
 
 // What the library keeps for the whole process; the values library keeps its guide besides
 // (values/values_state.h). Written while the library loads, before any export can be called, and
-// read-only afterwards, but for what finds the threads' sets.
+// read-only afterwards, but for what finds the threads' sets and their memories of answers.
 struct ProcessState {
   static constexpr std::uint32_t kNoKey = 0xFFFFFFFF;
 
@@ -20,6 +21,8 @@ struct ProcessState {
   // call of the process, given back at unload.
   std::atomic<std::uint32_t> thread_key{kNoKey};
   std::atomic<bool> unloading{false};  // no key is taken any more
+
+  AnswerRooms answer_rooms;
 };
 
 // Constant-initialized and without a destructor: no code of the library runs for it at load or

@@ -145,17 +145,23 @@ ThreadState* MakeThreadState(Slot slot) {
     std::free(memory);
     return nullptr;
   }
+  ReleaseAnswersOfEnded(state->answers);
   return state;
 }
 
 // The calling thread's set.
 void ReleaseOwn(Slot slot) {
-  std::free(Get(slot));
+  void* const memory = Get(slot);
+  if (memory != nullptr) {
+    ReleaseAnswers(SetIn(memory)->answers);
+  }
+  std::free(memory);
   Set(slot, nullptr);
 }
 
 // At unload the slot goes back to the host, who would run out after a thousand reloads. The sets of
-// other threads that live on stay in memory: nobody can take them from those threads.
+// other threads that live on stay in memory: nobody can take them from those threads. Their
+// memories of answers, which are larger by far, go.
 #ifdef _WIN32
 
 // When a thread ends its set goes; and so it does when the library is unloaded, but not when the
@@ -171,6 +177,7 @@ void NTAPI ReleaseThreadState(void* /*module*/, DWORD reason, void* reserved) {
   }
   if (unloaded) {
     FreeSlot(slot);
+    ReleaseAllAnswers();
   }
 }
 
@@ -184,6 +191,7 @@ __attribute__((destructor)) void GiveSlotBack() {
     ReleaseOwn(slot);
     FreeSlot(slot);
   }
+  ReleaseAllAnswers();
 }
 
 #endif
@@ -222,9 +230,17 @@ CallState::CallState() : own_(FindThreadState()) {
   std::atomic_signal_fence(std::memory_order_seq_cst);
 }
 
+PositionState& CallState::WithAnswers() {
+  if (own_ != nullptr) {
+    ClaimAnswers(own_->answers, own_->position.answers);
+  }
+  return *position_;
+}
+
 CallState::~CallState() {
   std::atomic_signal_fence(std::memory_order_seq_cst);
   if (own_ != nullptr) {
+    LeaveAnswers(own_->answers);
     own_->in_call = false;
   }
 }

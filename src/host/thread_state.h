@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "host/answer_room.h"
 #include "positions/position.h"
 
 namespace zenithor {
@@ -11,6 +12,7 @@ struct ThreadState {
   PositionState position;
   SumRoom room;                   // position.moment.room and Pluto's, of a set that a thread has
   volatile bool in_call = false;  // by a call of this thread that has not returned
+  AnswerHolder answers;           // the room of position.answers
 };
 
 // What comes with it where the process keeps values (process_state.h): for one field after another,
@@ -36,6 +38,9 @@ class CallState {
   CallState& operator=(const CallState&) = delete;
 
   PositionState& Get() { return *position_; }
+
+  // The same, with its memory of answers, which else is not to be used.
+  PositionState& WithAnswers();
 
  private:
   ThreadState* own_;  // null while the spare one serves

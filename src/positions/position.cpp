@@ -30,6 +30,11 @@ void KeepEarth(const EphemerisStore& store, const double* julian_days, int count
   CachedSeriesAt(store, kEarthSlot, centuries, count, cache, earth);
 }
 
+// The code as which a body is answered.
+BodyCode ServedAs(BodyCode code) {
+  return code < ZENITHOR_SUN || code > ZENITHOR_MOON ? ZENITHOR_MERCURY : code;
+}
+
 }  // namespace
 
 double ComputePlace(const EphemerisStore& store, PositionState& state, double julian_day,
@@ -47,7 +52,7 @@ double ComputePlace(const EphemerisStore& store, PositionState& state, double ju
                                     record);
     return ZENITHOR_DONE;
   }
-  const BodyCode planet = code < ZENITHOR_SUN || code > ZENITHOR_NEPTUNE ? ZENITHOR_MERCURY : code;
+  const BodyCode planet = ServedAs(code);
   if (!CanComputePlanet(store, planet)) {
     return kNoAnswer;
   }
@@ -86,8 +91,25 @@ double ComputePosition(const EphemerisStore& store, PositionState& state, double
     return kNoAnswer;
   }
   Equatorial apparent{0.0, 0.0};
-  return ComputePlace(store, state, julian_day, observer_longitude, observer_latitude, code,
-                      *record, apparent);
+  const auto compute = [&](BodyPositionRecord& into) {
+    return ComputePlace(store, state, julian_day, observer_longitude, observer_latitude, code, into,
+                        apparent);
+  };
+  const BodyCode body = ServedAs(code);
+  if (state.answers.capacity == 0 || !CanBeKept(julian_day, body)) {
+    return compute(*record);
+  }
+  if (Recall(state.answers, julian_day, body, *record)) {
+    return ZENITHOR_DONE;
+  }
+  BodyPositionRecord fresh = UnwrittenRecord();
+  const double done = compute(fresh);
+  if (done != ZENITHOR_DONE || !IsComplete(body, fresh)) {
+    return compute(*record);  // it leaves some field of the caller's
+  }
+  CopyAnswer(body, fresh, *record);
+  Keep(julian_day, body, fresh, state.answers);
+  return done;
 }
 
 }  // namespace zenithor

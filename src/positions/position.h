@@ -3,6 +3,7 @@
 #include "ephemeris/moment_cache.h"
 #include "ephemeris/store.h"
 #include "orbits/state.h"
+#include "positions/answer_memory.h"
 #include "positions/node_memory.h"
 #include "positions/place_memory.h"
 #include "zenithor/zenithor.h"
@@ -13,6 +14,7 @@ namespace zenithor {
 struct PositionState {
   OrbitsState orbits;             // Pluto's
   MomentCache moment;             // what the bodies of one moment share
+  AnswerMemory answers;           // of ComputePosition; without room for any until it has some
   PlaceMemory* places = nullptr;  // where field by field is asked; without it nothing is kept
   NodeMemory* nodes = nullptr;    // of searches; likewise
 };
@@ -25,7 +27,7 @@ struct PositionState {
 //   code                0 to 10; any other is served as Mercury
 //   record              the caller's; null gives 0.0
 // Returns ZENITHOR_DONE, or 0.0, with nothing written, where a slot that the code needs is not
-// loaded.
+// loaded. An answer that state.answers holds is taken from there.
 double ComputePosition(const EphemerisStore& store, PositionState& state, double julian_day,
                        double observer_longitude, double observer_latitude, BodyCode code,
                        BodyPositionRecord* record);

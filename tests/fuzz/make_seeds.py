@@ -56,6 +56,15 @@ def event_seeds():
     yield "nan", arguments([NAN])
 
 
+def answers_seeds():
+    chart = bytes(byte for day in range(8) for body in range(1, 12) for byte in (day, body))
+    yield "chart-twice", chart + chart
+    yield "hours", bytes(byte for repeat in range(2) for hour in range(64, 80) for byte in (hour, 5))
+    yield "odd-days", bytes(byte for repeat in range(2) for day in range(128, 136) for byte in (day, 10))
+    yield "larger-room", chart[:40] + bytes([255, 5]) + chart[:40]
+    yield "own-day", (bytes([200, 5]) + struct.pack("<d", 2460000.125)) * 2 + bytes([201, 10])
+
+
 def rising_seeds():
     for body in range(11):
         yield f"body-{body}", arguments([10227.0, 0, 4, 71.0833, 42.3333], [body, 1 + body % 3])
@@ -148,6 +157,7 @@ SEEDS = {
     "plain_event": event_seeds,
     "rising": rising_seeds,
     "loader": loader_seeds,
+    "answers": answers_seeds,
 }
 
 for kind, seeds in SEEDS.items():

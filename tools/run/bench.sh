@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 root=$PWD
 
 echo "Building the native timings"
-tools/run/build.sh linux zenithor bench_exports karvo
+tools/run/build.sh linux zenithor bench_exports bench_redraw karvo
 archive=out/data/archive
 compact=build/bench/compact/archive
 [ -f $compact/karvo.ndx ] || out/linux/karvo build --max-error 1 --out build/bench/compact >/dev/null
@@ -15,6 +15,8 @@ mkdir -p build/bench/profile/tavvin_files
 ln -sfn "$root/$archive" build/bench/profile/tavvin_files/archive
 XDG_DATA_HOME=$root/build/bench/profile build/linux/bench/bench_exports \
   out/linux/libzenithor.so $archive $compact
+echo
+XDG_DATA_HOME=$root/build/bench/profile build/linux/bench/bench_redraw out/linux/libzenithor.so $archive
 echo
 tools/run/build.sh linux bench_elementary
 build/linux/bench/bench_elementary
@@ -39,12 +41,13 @@ fi
 if [ -n "$(tools/setup/presets.sh win32)" ]; then
   echo
   echo "Building the timings of the 32-bit DLL"
-  tools/run/build.sh win32 zenithor bench_exports
+  tools/run/build.sh win32 zenithor bench_exports bench_redraw
   roaming=$(tools/run/under_wine.sh cmd /c 'echo %APPDATA%' 2>/dev/null | tr -d '\r\n' | tr '\\' /)
   folder=${ZENITHOR_WINEPREFIX:-$root/build/wine}/drive_c/${roaming#??/}/tavvin_files/archive
   mkdir -p "$folder"
   cp -u $archive/karvo.* "$folder/"
   tools/run/under_wine.sh build/win32/bench/bench_exports.exe out/win32/zenithor.dll $archive $compact
+  tools/run/under_wine.sh build/win32/bench/bench_redraw.exe out/win32/zenithor.dll $archive
   tools/run/build.sh win32 bench_elementary
   tools/run/under_wine.sh build/win32/bench/bench_elementary.exe
 else
