@@ -8,6 +8,11 @@
 #include <thread>
 #include <vector>
 
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
 #include "entry/answers.h"
 #include "host/answer_room.h"
 #include "host/process_state.h"
@@ -186,7 +191,8 @@ TEST(AnswerRoom, ServesThreadsThatComeAndGo) {
       threads.emplace_back([&expected, &wrong] {
         for (int day = 0; day < 1200; ++day) {
           const std::size_t which = static_cast<std::size_t>(day) % expected.size();
-          wrong += SameBytes(PlutoAt(2451545.0 + static_cast<double>(which)), expected[which]) ? 0 : 1;
+          wrong +=
+              SameBytes(PlutoAt(2451545.0 + static_cast<double>(which)), expected[which]) ? 0 : 1;
         }
       });
     }
@@ -200,6 +206,36 @@ TEST(AnswerRoom, ServesThreadsThatComeAndGo) {
   ReleaseAnswersOfEnded(FindThreadState()->answers);
   EXPECT_LE(BytesOfProcess(), before + RoomOfAnswers(2048));
 }
+
+#ifndef _WIN32
+
+// In the child the thread that forked has another number, so its room looks like that of one that
+// has ended.
+TEST(AnswerRoom, MayBeTakenAwayInTheChildOfAFork) {
+  std::vector<BodyPositionRecord> expected;
+  for (std::uint32_t day = 0; day < kCallsBefore + 100; ++day) {
+    expected.push_back(PlutoAt(2451545.0 + day));
+  }
+  ASSERT_NE(FindThreadState()->answers.room, nullptr);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    std::thread([] { ReleaseAnswersOfEnded({}); }).join();
+    const bool taken_away = BytesOfProcess() == 0;
+    int wrong = taken_away ? 0 : 1;
+    for (int repeat = 0; repeat < 2; ++repeat) {
+      for (std::size_t day = 0; day < expected.size(); ++day) {
+        wrong += SameBytes(PlutoAt(2451545.0 + static_cast<double>(day)), expected[day]) ? 0 : 1;
+      }
+    }
+    _exit(wrong == 0 ? 0 : 1);
+  }
+  int status = -1;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+}
+
+#endif
 
 }  // namespace
 }  // namespace zenithor
