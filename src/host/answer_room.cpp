@@ -54,7 +54,7 @@ void AskForLargePages(void* block, std::size_t bytes) {
   const std::uintptr_t first = (address + kLargePage - 1) / kLargePage * kLargePage;
   const std::uintptr_t end = (address + bytes) / kLargePage * kLargePage;
   if (first < end) {
-    madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+    madvise(static_cast<char*>(block) + (first - address), end - first, MADV_HUGEPAGE);
   }
 }
 #endif

@@ -157,7 +157,7 @@ TEST(AnswerMemory, TakesWhatItKeepsAlongIntoALargerRoom) {
   for (int k = 0; k < 200; ++k) {
     BodyPositionRecord record = UntouchedRecord();
     ASSERT_TRUE(Recall(memory, k, ZENITHOR_SATURN, record)) << k;
-    EXPECT_EQ(record.Declination, k * 8.0 + ZENITHOR_SATURN);
+    EXPECT_EQ(record.Declination, k * 8 + BodyCode{ZENITHOR_SATURN});
   }
   EXPECT_EQ(memory.count, 200U);
 }
