@@ -12,9 +12,10 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <numeric>
 #include <string>
-#include <thread>
+#include <utility>
 #include <vector>
 
 #include "ephemeris/loader.h"
@@ -23,6 +24,10 @@
 #include "positions/position.h"
 #include "timing.h"
 #include "zenithor/zenithor.h"
+
+#ifndef _WIN32
+#include <pthread.h>
+#endif
 
 namespace zenithor::bench {
 namespace {
@@ -36,6 +41,44 @@ constexpr int kThreads = 8;
 volatile double sink;
 
 using Call = std::function<void(double julian_day, BodyCode code)>;
+
+// The C++ library of the DLL's compiler has no threads.
+class Thread {
+ public:
+  explicit Thread(std::function<void()> work) : work_(std::move(work)) {
+#ifdef _WIN32
+    handle_ = CreateThread(nullptr, 0, Run, &work_, 0, nullptr);
+#else
+    pthread_create(&handle_, nullptr, Run, &work_);
+#endif
+  }
+  ~Thread() {
+#ifdef _WIN32
+    WaitForSingleObject(handle_, INFINITE);
+    CloseHandle(handle_);
+#else
+    pthread_join(handle_, nullptr);
+#endif
+  }
+  Thread(const Thread&) = delete;
+  Thread& operator=(const Thread&) = delete;
+
+ private:
+#ifdef _WIN32
+  static DWORD WINAPI Run(void* work) {
+    (*static_cast<std::function<void()>*>(work))();
+    return 0;
+  }
+  HANDLE handle_;
+#else
+  static void* Run(void* work) {
+    (*static_cast<std::function<void()>*>(work))();
+    return nullptr;
+  }
+  pthread_t handle_;
+#endif
+  std::function<void()> work_;
+};
 
 double Median(std::vector<double> values) {
   std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
@@ -51,7 +94,9 @@ double TimeOf(const std::function<void()>& work) {
 
 double TimeOnAThread(const std::function<void()>& work) {
   double time = 0.0;
-  std::thread([&] { time = TimeOf(work); }).join();
+  {
+    const Thread thread([&] { time = TimeOf(work); });
+  }
   return time;
 }
 
@@ -99,7 +144,7 @@ void TimeLibrary(const ZenithorLibrary& library) {
   std::vector<double> second;
   std::vector<double> ratios;
   for (int turn = 0; turn < kTurns; ++turn) {
-    std::thread([&] {
+    const auto draw = [&] {
       first.push_back(TimeOf([&] { Draw(call, kBars); }));
       // Ten times: processor time counts in coarse steps on some systems.
       second.push_back(TimeOf([&] {
@@ -108,7 +153,8 @@ void TimeLibrary(const ZenithorLibrary& library) {
                          }
                        }) /
                        10);
-    }).join();
+    };
+    { const Thread thread(draw); }
     ratios.push_back(first.back() / second.back());
   }
   const double calls = static_cast<double>(kBars) * kBodies;
@@ -150,14 +196,15 @@ void TimeThreads(const char* what, const Call& call, int repeats) {
   std::vector<double> ratios;
   for (int turn = 0; turn < kTurns; ++turn) {
     double alone = 0.0;
-    std::thread([&] { alone = time_of(); }).join();
-    std::vector<double> times(kThreads);
-    std::vector<std::thread> threads;
-    for (double& time : times) {
-      threads.emplace_back([&time, &time_of] { time = time_of(); });
+    {
+      const Thread thread([&] { alone = time_of(); });
     }
-    for (std::thread& thread : threads) {
-      thread.join();
+    std::vector<double> times(kThreads);
+    {
+      std::vector<std::unique_ptr<Thread>> threads;
+      for (double& time : times) {
+        threads.push_back(std::make_unique<Thread>([&time, &time_of] { time = time_of(); }));
+      }
     }
     ratios.push_back(std::accumulate(times.begin(), times.end(), 0.0) / kThreads / alone);
   }

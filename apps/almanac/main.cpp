@@ -33,6 +33,7 @@ const CLI::App* NamedCommand(const CLI::App& program) {
   const ProgramDefinition definition = DefinitionOf(program);
   if (word.rfind('-', 0) != 0 && command == nullptr) {
     std::vector<std::string> names;
+    names.reserve(definition.commands.size());
     for (const CommandDefinition& one : definition.commands) {
       names.push_back(one.name);
     }

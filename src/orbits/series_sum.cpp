@@ -15,7 +15,9 @@ namespace {
 typedef double TwoMoments __attribute__((vector_size(sizeof(double) * kMomentsOfEarth)));
 
 template <class Real>
-constexpr std::size_t kLanes = sizeof(Real) / sizeof(double);
+constexpr std::size_t kLanes = kMomentsOfEarth;
+template <>
+constexpr std::size_t kLanes<double> = 1;
 
 template <class Real>
 struct AngleOf {
@@ -239,7 +241,7 @@ void SumTwoMoments(const PlanetSeriesTable& table, const double (&t)[kMomentsOfE
   AddTerms(table, both_t, AnglesOf(table.angles, arguments, Angles<TwoMoments>(room)), coefficients,
            both);
   for (std::size_t moment = 0; moment < kMomentsOfEarth; ++moment) {
-    double of_moment[kCoordinateLimit];
+    double of_moment[kCoordinateLimit] = {};
     for (std::size_t k = 0; k < table.coordinates.count; ++k) {
       of_moment[k] = both[k][moment];
     }

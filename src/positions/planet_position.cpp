@@ -72,7 +72,7 @@ void ComputePlanetPlaces(const EphemerisStore& store, const double* centuries, i
 
   if (code != ZENITHOR_SUN) {
     // Kept on purpose: light time from the geometric distance, once, the observer left in place.
-    double light_left[kMomentsAtOnce];
+    double light_left[kMomentsAtOnce] = {};
     for (int k = 0; k < count; ++k) {
       light_left[k] = centuries[k] - places[k].geometric.radius * kLightTimePerAu;
     }
