@@ -80,6 +80,8 @@ class Thread {
   std::function<void()> work_;
 };
 
+void RunOnAThread(const std::function<void()>& work) { const Thread thread(work); }
+
 double Median(std::vector<double> values) {
   std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
   return values[values.size() / 2];
@@ -94,9 +96,7 @@ double TimeOf(const std::function<void()>& work) {
 
 double TimeOnAThread(const std::function<void()>& work) {
   double time = 0.0;
-  {
-    const Thread thread([&] { time = TimeOf(work); });
-  }
+  RunOnAThread([&] { time = TimeOf(work); });
   return time;
 }
 
@@ -154,7 +154,7 @@ void TimeLibrary(const ZenithorLibrary& library) {
                        }) /
                        10);
     };
-    { const Thread thread(draw); }
+    RunOnAThread(draw);
     ratios.push_back(first.back() / second.back());
   }
   const double calls = static_cast<double>(kBars) * kBodies;
@@ -196,9 +196,7 @@ void TimeThreads(const char* what, const Call& call, int repeats) {
   std::vector<double> ratios;
   for (int turn = 0; turn < kTurns; ++turn) {
     double alone = 0.0;
-    {
-      const Thread thread([&] { alone = time_of(); });
-    }
+    RunOnAThread([&] { alone = time_of(); });
     std::vector<double> times(kThreads);
     {
       std::vector<std::unique_ptr<Thread>> threads;
