@@ -208,7 +208,7 @@ void SetRoom(void* room, std::uint32_t capacity, AnswerMemory& memory) {
 }
 
 BodyPositionRecord UnwrittenRecord() {
-  BodyPositionRecord record;
+  BodyPositionRecord record = {};
   for (const Field field : kOfPlanets) {
     record.*field = std::numeric_limits<double>::quiet_NaN();
   }
