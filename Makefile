@@ -60,7 +60,9 @@ soak: setup-run data-files
 
 dist: setup-dist data-files
 	@tools/run/build_dll.sh && tools/run/build.sh win32 almanac && \
-	tools/run/build.sh linux zenithor zenithor_values
+	tools/run/build.sh linux zenithor zenithor_values almanac karvo
+	@for preset in $$(tools/setup/presets.sh arm64); do \
+	  tools/run/build.sh $$preset zenithor zenithor_values || exit 1; done
 	@tools/run/dist.sh
 
 deb: setup-deb

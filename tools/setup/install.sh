@@ -63,6 +63,7 @@ steps() {
       step needed "There is no compiler for Windows." $mingw
       step needed "There is no zenithor.lib for Microsoft's linker." llvm
       step extra "There is no installer." nsis
+      step extra "The libraries for 64-bit ARM are left out." $arm64
       ;;
     deb)
       step needed "There are no packages." $debian
