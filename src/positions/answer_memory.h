@@ -11,8 +11,8 @@ namespace zenithor {
 // draws a second indicator on the same body, pays for a look-up. What is kept depends on the day
 // and the body alone, to the bit of the day, and holds the bits that were answered. Serves one
 // store.
-// Kept on purpose: no answer that leaves a field of its body unwritten, and none that could depend
-// on earlier calls (CanBeKept), so that every answer is the one that would be computed.
+// An answer that leaves a field of its body unwritten is not kept, nor one that could depend on
+// earlier calls (CanBeKept), so that every answer is the one that would be computed.
 
 struct KeptAnswer {
   double julian_day;
