@@ -29,7 +29,7 @@ $build browser.ts --platform=browser --format=esm --target=es2022 \
   --loader:.gz=binary --outfile="$package/browser.mjs"
 echo 'export * from "./node.cjs";' >"$package/node.mjs"
 tsc -p "$here" --noEmit false --declaration --emitDeclarationOnly --outDir "$package/types"
-rm "$package"/types/{node,browser}.d.ts
+rm "$package"/types/{node,browser,unpack}.d.ts
 cp "$module" "$here/package.json" "$here/README.md" "$here/../LICENSE" "$package/"
 chmod 644 "$package/zenithor.wasm"
 tar --sort=name --owner=0 --group=0 --numeric-owner --mtime=2026-01-01T00:00:00Z --mode=go-w \

@@ -1,0 +1,223 @@
+// What the page shows, as one plain record, and as the fragment of a link: `#year?from=2026&modulo=360`.
+// A link holds what differs from the fallbacks, and of that what its view shows. What is unknown or
+// broken in a link falls back.
+
+import type { BodyName } from "zenithor";
+import { GEOCENTRIC } from "./bodies.js";
+import { dayOf } from "./clock.js";
+import type { Zone } from "./clock.js";
+
+export const VIEWS = ["sky", "year", "day", "prices"] as const;
+export type ViewName = (typeof VIEWS)[number];
+
+/** The years that the library answers for, less one at each end. */
+export const FIRST_YEAR = -1999;
+export const LAST_YEAR = 3999;
+
+export interface State {
+  view: ViewName;
+  zone: Zone;
+  theme: "auto" | "light" | "dark";
+
+  /** Sky: Unix time [ms]; `null` is now. */
+  at: number | null;
+  centre: "geo" | "helio";
+  step: "hour" | "day" | "month";
+
+  /** Day: `2026-11-21`; `null` is today. */
+  date: string | null;
+  /** [deg] north and east positive */
+  latitude: number;
+  longitude: number;
+  /** As it was typed or chosen; may be empty. */
+  place: string;
+
+  /** Year */
+  from: number;
+  years: number;
+  modulo: 360 | 90 | 45 | 30;
+  curve: "longitude" | "declination";
+  bodies: readonly BodyName[];
+
+  /** Prices */
+  lines: readonly BodyName[];
+}
+
+/** How a value stands in a link: `read` answers `undefined` for what is none. */
+interface Key<T> {
+  views: readonly ViewName[];
+  fallback: T;
+  read(text: string): T | undefined;
+  write(value: T): string;
+}
+
+type Keys = { [K in Exclude<keyof State, "view">]: Key<State[K]> };
+
+export function choice<T extends string | number>(
+  views: readonly ViewName[], values: readonly T[], fallback: T,
+): Key<T> {
+  return {
+    views,
+    fallback,
+    read: (text) => values.find((value) => String(value) === text),
+    write: String,
+  };
+}
+
+export function number(
+  views: readonly ViewName[], fallback: number, least: number, most: number, isWhole = false,
+): Key<number> {
+  return {
+    views,
+    fallback,
+    read(text) {
+      const value = text.trim() === "" ? NaN : Number(text);
+      const isGood = value >= least && value <= most && (!isWhole || Number.isInteger(value));
+      return isGood ? value : undefined;
+    },
+    write: String,
+  };
+}
+
+/** Names with commas between; "none" for no name. One that is unknown is left out. */
+export function several<T extends string>(
+  views: readonly ViewName[], values: readonly T[], fallback: readonly T[],
+): Key<readonly T[]> {
+  return {
+    views,
+    fallback,
+    read(text) {
+      const names = text.split(",").map((name) => name.trim().toLowerCase());
+      const known = values.filter((value) => names.includes(value));
+      return known.length > 0 || text === "none" ? known : undefined;
+    },
+    write: (value) => (value.length === 0 ? "none" : value.join(",")),
+  };
+}
+
+const ISO_MINUTE = /^(-?\d{4})-(\d\d)-(\d\d)T(\d\d):(\d\d)(?::(\d\d))?Z$/;
+
+const moment: Key<number | null> = {
+  views: ["sky"],
+  fallback: null,
+  read(text) {
+    const found = ISO_MINUTE.exec(text);
+    const day = found && dayOf(text.slice(0, text.indexOf("T")));
+    if (!found || !day || day[0] < FIRST_YEAR || day[0] > LAST_YEAR) {
+      return undefined;
+    }
+    const [hour, minute, second] = [Number(found[4]), Number(found[5]), Number(found[6] ?? 0)];
+    const date = new Date(0);
+    date.setUTCFullYear(...day);
+    date.setUTCHours(hour, minute, second);
+    return hour < 24 && minute < 60 && second < 60 ? date.getTime() : undefined;
+  },
+  write(value) {
+    const date = new Date(value ?? 0);
+    const pad = (part: number, size = 2) => String(part).padStart(size, "0");
+    const year = date.getUTCFullYear();
+    const days = `${year < 0 ? "-" : ""}${pad(Math.abs(year), 4)}-${pad(date.getUTCMonth() + 1)}-${pad(date.getUTCDate())}`;
+    const seconds = date.getUTCSeconds();
+    return `${days}T${pad(date.getUTCHours())}:${pad(date.getUTCMinutes())}${seconds ? `:${pad(seconds)}` : ""}Z`;
+  },
+};
+
+const date: Key<string | null> = {
+  views: ["day"],
+  fallback: null,
+  read(text) {
+    const day = dayOf(text);
+    return day && day[0] >= FIRST_YEAR && day[0] <= LAST_YEAR ? text : undefined;
+  },
+  write: (value) => value ?? "",
+};
+
+const place: Key<string> = {
+  views: ["day"],
+  fallback: "Greenwich",
+  read: (text) => text.trim().slice(0, 60),
+  write: (value) => value,
+};
+
+const ALL = VIEWS;
+
+/** Every value of the state but the view, under its name in links. */
+const KEYS: Keys = {
+  at: moment,
+  centre: choice(["sky"], ["geo", "helio"], "geo"),
+  step: choice(["sky"], ["hour", "day", "month"], "day"),
+
+  date,
+  place,
+  latitude: number(["day"], 51.4779, -90, 90),
+  longitude: number(["day"], 0, -180, 180),
+
+  from: number(["year"], new Date().getUTCFullYear(), FIRST_YEAR, LAST_YEAR, true),
+  years: number(["year"], 1, 1, 10, true),
+  modulo: choice(["year"], [360, 90, 45, 30], 360),
+  curve: choice(["year"], ["longitude", "declination"], "longitude"),
+  bodies: several(["year"], GEOCENTRIC, GEOCENTRIC.filter((body) => body !== "moon")),
+
+  lines: several(["prices"], GEOCENTRIC, ["sun", "mars", "jupiter"]),
+
+  zone: choice(ALL, ["utc", "local"], "utc"),
+  theme: choice(ALL, ["auto", "light", "dark"], "auto"),
+};
+
+type AnyKey = Key<unknown>;
+const NAMES = Object.keys(KEYS) as (keyof Keys)[];
+
+/** The state that a link without a fragment shows. */
+export function initialState(): State {
+  const state: Record<string, unknown> = { view: "sky" };
+  for (const name of NAMES) {
+    state[name] = KEYS[name].fallback;
+  }
+  return state as unknown as State;
+}
+
+/** The state of a fragment, with or without its `#`. */
+export function decode(fragment: string): State {
+  const state = initialState() as unknown as Record<string, unknown>;
+  const [view = "", query = ""] = fragment.replace(/^#/, "").split("?", 2);
+  if ((VIEWS as readonly string[]).includes(view)) {
+    state.view = view;
+  }
+  const given = new URLSearchParams(query);
+  for (const name of NAMES) {
+    const key = KEYS[name] as AnyKey;
+    const text = key.views.includes(state.view as ViewName) ? given.get(name) : null;
+    const value = text === null ? undefined : key.read(text);
+    if (value !== undefined) {
+      state[name] = value;
+    }
+  }
+  return state as unknown as State;
+}
+
+/** The fragment of a state, with its `#`. */
+export function encode(state: State): string {
+  const parts: string[] = [];
+  for (const name of NAMES) {
+    const key = KEYS[name] as AnyKey;
+    const value = key.write(state[name]);
+    if (key.views.includes(state.view) && value !== key.write(key.fallback)) {
+      // Commas and colons stay readable.
+      const safe = encodeURIComponent(value).replace(/%2C/g, ",").replace(/%3A/g, ":").replace(/%20/g, "+");
+      parts.push(`${name}=${safe}`);
+    }
+  }
+  return `#${state.view}${parts.length > 0 ? "?" : ""}${parts.join("&")}`;
+}
+
+/** Changes a link does to a state: what its view shows is taken from it, the rest stays. */
+export function follow(state: State, fragment: string): State {
+  const linked = decode(fragment);
+  const next: Record<string, unknown> = { ...state, view: linked.view };
+  for (const name of NAMES) {
+    if ((KEYS[name] as AnyKey).views.includes(linked.view)) {
+      next[name] = linked[name];
+    }
+  }
+  return next as unknown as State;
+}

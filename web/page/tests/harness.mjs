@@ -1,0 +1,73 @@
+// The page in Debian's Chromium, watched: nothing but the file may be asked for, nothing may go to the
+// console. One browser for all tests of a file.
+
+import assert from "node:assert/strict";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { fileURLToPath, pathToFileURL } from "node:url";
+import { after, before } from "node:test";
+import { chromium } from "playwright-core";
+
+export const PAGE = pathToFileURL(fileURLToPath(new URL("../zenithor-almanac.html", import.meta.url))).href;
+const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+
+export const LIMIT = { timeout: 60000 };
+export const WIDTHS = [1440, 768, 390];
+
+let browser;
+
+/** To be called once in a test file. */
+export function useBrowser() {
+  before(async () => {
+    browser = await chromium.launch({
+      executablePath: "/usr/bin/chromium",
+      args: process.getuid?.() === 0 ? ["--no-sandbox"] : [],
+    });
+  });
+  after(() => browser?.close());
+}
+
+/** Opens the page at a fragment and hands it to a test; afterwards nothing bad may have happened.
+ * `options` are those of Playwright's contexts. */
+export async function withPage(fragment, options, test) {
+  const context = await browser.newContext({
+    viewport: { width: 1440, height: 900 }, timezoneId: "Europe/Stockholm", acceptDownloads: true, ...options,
+  });
+  const page = await context.newPage();
+  page.setDefaultTimeout(15000);
+  const bad = [];
+  page.on("console", (message) => {
+    if (["error", "warning"].includes(message.type())) {
+      bad.push(`console: ${message.text()}`);
+    }
+  });
+  page.on("pageerror", (error) => bad.push(`error: ${error.stack}`));
+  page.on("request", (request) => {
+    if (!/^(file|data|blob):/.test(request.url())) {
+      bad.push(`request: ${request.url()}`);
+    }
+  });
+  try {
+    await page.goto(PAGE + fragment);
+    await page.waitForFunction(() => document.querySelector("footer").childElementCount > 0);
+    await test(page);
+    assert.deepEqual(bad, []);
+  } finally {
+    await context.close();
+  }
+}
+
+/** The violations that axe-core finds, in short. Evaluated outside the page's policy, as tests are. */
+export async function violations(page) {
+  await page.evaluate(axe);
+  return page.evaluate(async () => {
+    const { violations: found } = await globalThis.axe.run(document, { preload: false });
+    return found.map(({ id, nodes }) => `${id}: ${nodes.map(({ target, failureSummary }) => `${target} ${failureSummary}`).join("; ")}`);
+  });
+}
+
+/** The cells of a table, row by row, the head first. */
+export async function tableOf(page, selector = "table") {
+  return page.locator(selector).first().evaluate((table) =>
+    [...table.rows].map((row) => [...row.cells].map((cell) => cell.textContent.trim())));
+}
