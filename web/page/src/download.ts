@@ -1,5 +1,8 @@
 // Files that the page hands over: made here, from what is shown, and sent nowhere.
 
+import { COLOURS, element } from "./view.js";
+import type { Context } from "./view.js";
+
 function save(blob: Blob, name: string): void {
   const link = document.createElement("a");
   link.href = URL.createObjectURL(blob);
@@ -69,4 +72,15 @@ export async function savePng(picture: SVGSVGElement, name: string, background: 
   } finally {
     URL.revokeObjectURL(address);
   }
+}
+
+/** The buttons below a picture. `name` is the file's, without its ending. */
+export function saveButtons(picture: () => SVGSVGElement, name: () => string, context: Context): HTMLElement {
+  const png = () => {
+    savePng(picture(), `${name()}.png`, COLOURS[context.theme].background)
+      .catch((error: Error) => context.announce(`The picture cannot be saved: ${error.message}`));
+  };
+  return element("p", { class: "buttons" },
+    element("button", { type: "button", click: png }, "Picture as PNG"),
+    element("button", { type: "button", click: () => saveSvg(picture(), `${name()}.svg`) }, "Picture as SVG"));
 }

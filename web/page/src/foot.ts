@@ -9,6 +9,9 @@ export function footer(version: string, fingerprint: string): HTMLElement {
     paragraph(
       `Zenithor ${version}. Longitudes are apparent and geocentric, of the true equinox of date, unless a view says ` +
         "otherwise. Times are clock time in the zone that is chosen above; before 1972 UTC stands for universal time."),
+    paragraph(
+      "Charts over time: TradingView Lightweight Charts™, Copyright © 2026 TradingView, Inc., ",
+      element("a", { href: "https://www.tradingview.com/", rel: "noreferrer" }, "https://www.tradingview.com/"), "."),
     element("details", {},
       element("summary", {}, "About this page"),
       paragraph(
@@ -22,9 +25,5 @@ export function footer(version: string, fingerprint: string): HTMLElement {
           "(+) or south (−) of the equator. A body is retrograde while its longitude falls."),
       paragraph(
         "The address of the page holds what it shows: copy it to come back to the same view, or to pass it on with the file."),
-      paragraph(
-        "Charts over time are drawn with ",
-        element("a", { href: "https://www.tradingview.com/", rel: "noreferrer" }, "TradingView"),
-        " Lightweight Charts™, Copyright © 2026 TradingView, Inc., under the Apache License 2.0."),
       element("p", { class: "small" }, `Data: SHA-256 ${fingerprint}`)));
 }

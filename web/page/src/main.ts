@@ -10,7 +10,7 @@ import { mount as mountPrices } from "./prices/prices.js";
 import { mountSky } from "./sky/sky.js";
 import { decode, encode, follow } from "./state.js";
 import type { State, ViewName } from "./state.js";
-import { element } from "./view.js";
+import { bar, element } from "./view.js";
 import type { Context, Mount, View } from "./view.js";
 import { mount as mountYear } from "./year/year.js";
 
@@ -32,6 +32,16 @@ function theme(): Theme {
   return state.theme === "auto" ? (asksForDark.matches ? "dark" : "light") : state.theme;
 }
 
+// Browsers allow so many changes of the address in so much time; what plays or is dragged makes more.
+const LINK_PAUSE = 250;
+let linkTimer: ReturnType<typeof setTimeout> | undefined;
+
+function writeLink(change: "pushState" | "replaceState" = "replaceState"): void {
+  clearTimeout(linkTimer);
+  linkTimer = undefined;
+  history[change](null, "", encode(state));
+}
+
 const context: Context = {
   get state() {
     return state;
@@ -44,7 +54,11 @@ const context: Context = {
   },
   setState(changes, { history: kind = "replace" } = {}) {
     state = { ...state, ...changes };
-    history[kind === "push" ? "pushState" : "replaceState"](null, "", encode(state));
+    if (kind === "push") {
+      writeLink("pushState");
+    } else {
+      linkTimer ??= setTimeout(() => writeLink(), LINK_PAUSE);
+    }
     draw();
   },
   announce(text) {
@@ -52,17 +66,11 @@ const context: Context = {
   },
 };
 
-/** A choice of few, all of them seen: radio buttons drawn as one bar. */
-function bar<K extends "zone" | "theme">(name: K, legend: string, options: Record<State[K], string>): HTMLElement {
-  const buttons = (Object.entries(options) as [State[K], string][]).map(([value, text]) => {
-    const input = element("input", {
-      type: "radio", name, value, checked: state[name] === value,
-      change: () => context.setState({ [name]: value } as Partial<State>),
-    });
-    return element("label", {}, input, element("span", {}, text));
-  });
-  return element("fieldset", { class: "bar", "data-name": name }, element("legend", {}, legend), ...buttons);
-}
+const zoneName = localZoneName();
+const settings = [
+  bar(context, "zone", "Times in", { utc: "UTC", local: zoneName === "UTC" ? "Browser's zone" : zoneName }),
+  bar(context, "theme", "Colours", { auto: "System", light: "Light", dark: "Dark" }),
+];
 
 function drawHead(): void {
   document.documentElement.dataset.theme = theme();
@@ -77,9 +85,7 @@ function drawHead(): void {
   const focused = [...nav.children].indexOf(document.activeElement!);
   nav.replaceChildren(...links);
   links[focused]?.focus();
-  for (const input of document.querySelectorAll<HTMLInputElement>(".settings input")) {
-    input.checked = state[input.name as "zone" | "theme"] === input.value;
-  }
+  settings.forEach(({ update }) => update());
 }
 
 function refuse(error: unknown): void {
@@ -111,10 +117,7 @@ function draw(): void {
 }
 
 async function start(): Promise<void> {
-  part(".settings").append(
-    bar("zone", "Times in", { utc: "UTC", local: localZoneName() === "UTC" ? "browser's zone" : localZoneName() }),
-    bar("theme", "Colours", { auto: "System", light: "Light", dark: "Dark" }),
-  );
+  part(".settings").append(...settings.map(({ root: one }) => one));
   drawHead();
   try {
     await unpack();
@@ -129,10 +132,12 @@ async function start(): Promise<void> {
   addEventListener("hashchange", () => {
     // "#view" is the way past the head for the keyboard and no view.
     if (location.hash === "#view") {
-      history.replaceState(null, "", encode(state));
+      writeLink();
       root.focus();
       return;
     }
+    clearTimeout(linkTimer);
+    linkTimer = undefined;
     state = follow(state, location.hash);
     draw();
   });

@@ -72,7 +72,8 @@ export function table<Row>(columns: readonly Column<Row>[], options: TableOption
   let order: { column: number; sign: 1 | -1 } | null = null;
   let most = options.most ?? 400;
 
-  const caption = element("caption", {}, options.caption);
+  const words = element("span", {}, options.caption);
+  const caption = element("caption", {}, words);
   const head = element("thead");
   const body = element("tbody");
   const frame = element("table", {}, caption, head, body);
@@ -136,7 +137,7 @@ export function table<Row>(columns: readonly Column<Row>[], options: TableOption
       const hadNone = rows.length === 0;
       rows = newRows;
       if (newCaption !== undefined) {
-        caption.textContent = newCaption;
+        words.textContent = newCaption;
         scroller.setAttribute("aria-label", newCaption);
       }
       if (hadNone !== (rows.length === 0)) {

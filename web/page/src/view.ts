@@ -65,6 +65,29 @@ export function svg<K extends keyof SVGElementTagNameMap>(
   return node;
 }
 
+/** A choice of few for one value of the state, all of them seen: radio buttons drawn as one bar. */
+export function bar<K extends keyof State>(
+  context: Context, name: K, legend: string, options: Record<State[K] & (string | number), string>,
+): { root: HTMLElement; update(): void } {
+  const inputs = (Object.keys(options) as string[]).map((text) => {
+    const isNumber = typeof context.state[name] === "number";
+    const value = (isNumber ? Number(text) : text) as State[K] & (string | number);
+    const input = element("input", {
+      type: "radio", name, value,
+      change: () => context.setState({ [name]: value } as unknown as Partial<State>),
+    });
+    return { input, label: element("label", {}, input, element("span", {}, options[value])) };
+  });
+  const update = () => {
+    for (const { input } of inputs) {
+      input.checked = input.value === String(context.state[name]);
+    }
+  };
+  update();
+  const labels = inputs.map(({ label }) => label);
+  return { root: element("fieldset", { class: "bar" }, element("legend", {}, legend), ...labels), update };
+}
+
 /** The colours of the page for what is drawn by program. */
 export const COLOURS = {
   light: {
