@@ -29,8 +29,6 @@ export interface State {
   /** [deg] north and east positive */
   latitude: number;
   longitude: number;
-  /** As it was typed or chosen; may be empty. */
-  place: string;
 
   /** Year */
   from: number;
@@ -132,13 +130,6 @@ const date: Key<string | null> = {
   write: (value) => value ?? "",
 };
 
-const place: Key<string> = {
-  views: ["day"],
-  fallback: "Greenwich",
-  read: (text) => text.trim().slice(0, 60),
-  write: (value) => value,
-};
-
 const ALL = VIEWS;
 
 /** Every value of the state but the view, under its name in links. */
@@ -148,7 +139,6 @@ const KEYS: Keys = {
   step: choice(["sky"], ["hour", "day", "month"], "day"),
 
   date,
-  place,
   latitude: number(["day"], 51.4779, -90, 90),
   longitude: number(["day"], 0, -180, 180),
 
