@@ -14,6 +14,17 @@ export type ViewName = (typeof VIEWS)[number];
 export const FIRST_YEAR = -1999;
 export const LAST_YEAR = 3999;
 
+export const CURVES = ["both", "longitude", "declination"] as const;
+export const MARK_KINDS = ["phases", "eclipses", "seasons", "ingresses", "aspects", "stations"] as const;
+export type MarkKind = (typeof MARK_KINDS)[number];
+export const PANES = ["declination", "motion", "angle"] as const;
+export type PaneName = (typeof PANES)[number];
+/** They divide the circle, so that a family of lines goes on unbroken where the longitude passes 360. */
+export const SPACINGS = [360, 180, 120, 90, 60, 45, 30, 15] as const;
+const TURNING = ["mercury", "venus", "mars", "jupiter", "saturn", "uranus", "neptune", "pluto"] as const;
+export const SHADES = ["lines", "none", ...TURNING] as const;
+export const RETROGRADES = ["none", ...TURNING] as const;
+
 export interface State {
   view: ViewName;
   zone: Zone;
@@ -34,11 +45,33 @@ export interface State {
   from: number;
   years: number;
   modulo: 360 | 90 | 45 | 30;
-  curve: "longitude" | "declination";
+  curve: (typeof CURVES)[number];
   bodies: readonly BodyName[];
+  marks: readonly MarkKind[];
+  /** Where retrograde spans are shaded: along the lines, nowhere, or over the height for one body. */
+  shade: (typeof SHADES)[number];
 
   /** Prices */
   lines: readonly BodyName[];
+  /** Whether longitudes have a scale of their own or are prices. */
+  scale: "own" | "price";
+  /** Price units per degree; 0 is a round number that fits the prices. */
+  unit: number;
+  /** Degrees between the lines of a family. */
+  spacing: (typeof SPACINGS)[number];
+  /** Whether prices grow or fall with the longitude. */
+  slope: "up" | "down";
+  prices: "linear" | "log";
+  retro: (typeof RETROGRADES)[number];
+  events: readonly MarkKind[];
+  panes: readonly PaneName[];
+  /** The two bodies of the pane with the angle. */
+  first: BodyName;
+  second: BodyName;
+  /** Bars beyond the last one. */
+  ahead: number;
+  /** The hour of a daily bar, UTC, for which the sky is computed. */
+  hour: number;
 }
 
 /** How a value stands in a link: `read` answers `undefined` for what is none. */
@@ -135,7 +168,7 @@ const ALL = VIEWS;
 /** Every value of the state but the view, under its name in links. */
 const KEYS: Keys = {
   at: moment,
-  centre: choice(["sky"], ["geo", "helio"], "geo"),
+  centre: choice(["sky", "year", "prices"], ["geo", "helio"], "geo"),
   step: choice(["sky"], ["hour", "day", "month"], "day"),
 
   date,
@@ -144,11 +177,25 @@ const KEYS: Keys = {
 
   from: number(["year"], new Date().getUTCFullYear(), FIRST_YEAR, LAST_YEAR, true),
   years: number(["year"], 1, 1, 10, true),
-  modulo: choice(["year"], [360, 90, 45, 30], 360),
-  curve: choice(["year"], ["longitude", "declination"], "longitude"),
+  modulo: choice(["year", "prices"], [360, 90, 45, 30], 360),
+  curve: choice(["year"], CURVES, "both"),
   bodies: several(["year"], GEOCENTRIC, GEOCENTRIC.filter((body) => body !== "moon")),
+  marks: several(["year"], MARK_KINDS, ["phases", "eclipses", "seasons", "ingresses", "aspects"]),
+  shade: choice(["year"], SHADES, "lines"),
 
   lines: several(["prices"], GEOCENTRIC, ["sun", "mars", "jupiter"]),
+  scale: choice(["prices"], ["own", "price"], "price"),
+  unit: number(["prices"], 0, 0, 1e9),
+  spacing: choice(["prices"], SPACINGS, 90),
+  slope: choice(["prices"], ["up", "down"], "up"),
+  prices: choice(["prices"], ["linear", "log"], "linear"),
+  retro: choice(["prices"], RETROGRADES, "mercury"),
+  events: several(["prices"], MARK_KINDS, ["phases", "eclipses", "stations"]),
+  panes: several(["prices"], PANES, []),
+  first: choice(["prices"], GEOCENTRIC, "sun"),
+  second: choice(["prices"], GEOCENTRIC, "jupiter"),
+  ahead: number(["prices"], 90, 0, 2000, true),
+  hour: number(["prices"], 0, 0, 24),
 
   zone: choice(ALL, ["utc", "local"], "utc"),
   theme: choice(ALL, ["auto", "light", "dark"], "auto"),
