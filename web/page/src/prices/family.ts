@@ -1,18 +1,14 @@
 // Longitudes as prices: a price for each degree, and lines a fixed number of degrees apart, so that some
 // of them cross the prices that are there.
 
-/** Distances between the lines of a family [deg]. They divide the circle, so that a family goes on
- * unbroken where the longitude passes 360. */
-export const SPACINGS = [360, 180, 120, 90, 60, 45, 30, 15] as const;
-export type Spacing = (typeof SPACINGS)[number];
-
 /** The most lines of one body that are drawn; more would be a grey area. */
 export const MOST_LINES = 40;
 
 export interface Family {
   /** Price units per degree. */
   unit: number;
-  spacing: Spacing;
+  /** Degrees from line to line; they divide the circle. */
+  spacing: number;
   /** Whether prices fall as the longitude grows. */
   isMirrored: boolean;
 }

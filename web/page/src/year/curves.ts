@@ -1,0 +1,114 @@
+// The panes of the Year view: longitudes modulo a part of the circle, declinations.
+
+import { SIGNS } from "../bodies.js";
+import { bodyColour } from "../bodies.js";
+import type { Area, Layer } from "../chart/frame.js";
+import {
+  drawBand, drawCircle, drawEndLabels, drawRules, drawShade, drawStrokes, drawText, drawTicks, roundTicks, valueAt,
+} from "../chart/lines.js";
+import type { Taken, Tick } from "../chart/lines.js";
+import type { Mark } from "../chart/marks.js";
+import type { Span } from "../chart/retrograde.js";
+import type { Stroke } from "../chart/strokes.js";
+import type { BodyName } from "zenithor";
+
+export interface Curve {
+  body: BodyName;
+  strokes: readonly Stroke[];
+  spans: readonly Span[];
+  stations: readonly Mark[];
+}
+
+export interface Pane {
+  curves(): readonly Curve[];
+  /** The values at the bottom and at the top. */
+  range(): readonly [number, number];
+  ticks(): readonly Tick[];
+  /** The place of a moment along the axis. */
+  slotOf(time: number): number;
+  date(time: number): string;
+  isBanded(): boolean;
+  /** Whose spans are shaded over the whole height. */
+  shaded(): readonly Span[];
+  drawn?(): void;
+}
+
+const MARGIN = 8;
+
+export function longitudeTicks(modulo: number): Tick[] {
+  const step = modulo === 360 ? 30 : modulo === 90 ? 15 : 5;
+  return Array.from({ length: modulo / step + 1 }, (_, k) => {
+    const value = k * step;
+    const text = modulo === 360 ? `${value}° ${SIGNS[k % 12]!.short}` : `${value}°`;
+    return { value, text, isStrong: false };
+  });
+}
+
+/** Declinations from the southernmost to the northernmost, the equator between. */
+export function declinationRange(curves: readonly Curve[]): [number, number] {
+  let most = 24;
+  for (const { strokes } of curves) {
+    for (const { y } of strokes) {
+      for (const value of y) {
+        most = Math.max(most, Math.abs(value));
+      }
+    }
+  }
+  return [-most, most];
+}
+
+export const declinationTicks = ([low, high]: readonly [number, number]): Tick[] => roundTicks(low, high, 6, "°");
+
+function scaleOf(area: Area, [low, high]: readonly [number, number]): (value: number) => number {
+  const room = area.height - 2 * MARGIN;
+  return (value) => MARGIN + (1 - (value - low) / (high - low)) * room;
+}
+
+/** The layers of a pane: behind, its rules, shades and lines with the scale on the left; and the names at
+ * the lines' ends on the right. */
+export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
+  return {
+    left: {
+      draw(area) {
+        const y = scaleOf(area, pane.range());
+        const taken: Taken = { boxes: [] };
+        const { pen } = area;
+        drawRules(area, pane.ticks(), y);
+        drawShade(area, taken, pane.shaded(), pane.date);
+        for (const { strokes, spans } of pane.isBanded() ? pane.curves() : []) {
+          drawBand(area, strokes, spans.map(({ from, to }) => ({ from: pane.slotOf(from), to: pane.slotOf(to) })), y);
+        }
+        for (const { body, strokes } of pane.curves()) {
+          drawStrokes(area, body, strokes, y);
+        }
+        const dated: [number, number, Mark][] = [];
+        for (const { body, strokes, stations } of pane.curves()) {
+          for (const station of stations) {
+            const place = pane.slotOf(station.time);
+            const [left, top] = [area.x(place), y(valueAt(strokes, place))];
+            if (left > -5 && left < area.width + 5) {
+              drawCircle(area, left, top, bodyColour(body, area.theme));
+              taken.boxes.push([left - 5, top - 5, left + 5, top + 5]);
+              dated.push([left, top, station]);
+            }
+          }
+        }
+        pen.save();
+        for (const [left, top, station] of pane.isBanded() ? dated : []) {
+          const places: [number, number][] = [[left, top - 14], [left, top + 14], [left - 26, top - 12], [left + 26, top + 12]];
+          drawText(area, taken, pane.date(station.time), places, area.colours.quiet);
+        }
+        pen.restore();
+        pane.drawn?.();
+      },
+      axis: (area) => drawTicks(area, pane.ticks(), scaleOf(area, pane.range()), "left"),
+    },
+    right: {
+      draw() {},
+      axis(area) {
+        const y = scaleOf(area, pane.range());
+        drawEndLabels(area, pane.curves().map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) })));
+      },
+    },
+  };
+}
