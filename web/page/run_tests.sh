@@ -17,5 +17,6 @@ rm -rf modules tests
   --format=esm --platform=node --target=node18 --outbase=. --out-extension:.js=.mjs \
   --loader:.gz=binary --loader:.css=empty --log-level=error --outdir="../modules")
 cp -r "$here/tests" tests
+cp "$here/../tests/golden.mjs" tests/
 export ZENITHOR_REPOSITORY=${here%/web/page}
-exec node --test --test-concurrency=1 tests/*.test.mjs
+exec node --test tests/*.test.mjs

@@ -109,8 +109,8 @@ export function mountDay(root: HTMLElement, context: Context): View {
     element("label", {}, dateLabel, dateInput),
     element("div", { class: "buttons" },
       element("button", { type: "button", click: () => context.setState({ date: null }) }, "Today"),
-      element("button", { type: "button", click: () => step(-1), "aria-label": "One day back" }, "‹ Back"),
-      element("button", { type: "button", click: () => step(1), "aria-label": "One day forward" }, "Forward ›")));
+      element("button", { type: "button", click: () => step(-1) }, "‹ Back"),
+      element("button", { type: "button", click: () => step(1) }, "Forward ›")));
 
   // Rise, transit and set, each the time or why there is none.
   const timeColumn = (head: string, which: 0 | 1 | 2): Column<Rising> => {

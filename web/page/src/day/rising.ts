@@ -47,7 +47,7 @@ export interface SunDay {
 /** What a clock shows, in hours of its day. */
 function hours(clock: Clock, time: number): number {
   const [, , , hour, minute, second] = clock.parts(time);
-  return hour + minute / 60 + second / 3600;
+  return hour + minute / 60 + (second + (time - Math.floor(time / 1000) * 1000) / 1000) / 3600;
 }
 
 /** Every day of a year. Whether the Sun is up as a day begins is what the day before ended with. */

@@ -142,9 +142,9 @@ export function mountSky(root: HTMLElement, context: Context): View {
     element("label", {}, zone, input),
     element("div", { class: "buttons" },
       element("button", { type: "button", click: () => { stop(); moveTo(null); } }, "Now"),
-      element("button", { type: "button", click: () => step(-1), "aria-label": "One step back" }, "‹ Back"),
+      element("button", { type: "button", click: () => step(-1) }, "‹ Back"),
       play,
-      element("button", { type: "button", click: () => step(1), "aria-label": "One step forward" }, "Forward ›")),
+      element("button", { type: "button", click: () => step(1) }, "Forward ›")),
     steps.root, centre.root);
 
   const figure = element("figure", {
