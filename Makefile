@@ -6,7 +6,7 @@ ALL_PRESETS := linux win32 win32-unit win64 win64-unit arm64 wasm asan tsan fuzz
 
 .DEFAULT_GOAL := help
 .NOTPARALLEL:
-.PHONY: help run test dll native data python web bench fuzz soak dist deb clean data-files \
+.PHONY: help run test dll native data python web screenshots bench fuzz soak dist deb clean data-files npm-packages \
   setup-native setup-dll setup-run setup-test setup-bench setup-dist setup-deb setup-python setup-web
 
 help:
@@ -16,12 +16,13 @@ help:
 	@echo "make native   out/linux: libzenithor.so, libzenithor_values.so, almanac, karvo"
 	@echo "make data     out/data/archive: the index and the data file"
 	@echo "make python   out/dist: the wheels of the package for Python"
-	@echo "make web      out/dist: the npm package for JavaScript"
+	@echo "make web      out/dist: the almanac page, the npm package for JavaScript"
 	@echo "make bench    timings, each beside its baseline"
 	@echo "make fuzz     every fuzz target, ten minutes in all"
 	@echo "make soak     a chart host for MINUTES=60, natively and in the 32-bit DLL"
 	@echo "make dist     the SDK archive and the installer, in out/dist"
 	@echo "make deb      out/dist: the Debian packages"
+	@echo "make screenshots   docs/images: pictures of the page"
 	@echo "make clean    removes build/ and out/"
 
 run: setup-run data-files
@@ -29,7 +30,7 @@ run: setup-run data-files
 	echo "Building the almanac for $$preset" && tools/run/build.sh $$preset zenithor almanac
 	@tools/run/run_almanac.sh
 
-test: setup-test
+test: setup-test npm-packages
 	@tools/run/test.sh $(ALL_PRESETS)
 
 dll: setup-dll data-files
@@ -46,8 +47,14 @@ data-files:
 python: setup-python data-files
 	@echo "Building the libraries for Python" && tools/run/python_wheels.sh
 
-web: setup-web data-files
-	@echo "Building the library for JavaScript" && tools/run/web.sh
+web: setup-web npm-packages data-files
+	@echo "Building the library for JavaScript and the page" && tools/run/web.sh
+
+screenshots: setup-test web
+	@tools/run/screenshots.sh
+
+npm-packages:
+	@tools/setup/npm_packages.sh
 
 bench: setup-bench data-files
 	@tools/run/bench.sh

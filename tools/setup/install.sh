@@ -21,6 +21,9 @@ samples="fp-compiler fp-units-rtl luajit mono-mcs mono-runtime r-base-core ruby"
 arm64="g++-aarch64-linux-gnu qemu-user libsimde-dev"
 wasm="emscripten"
 web="esbuild node-typescript"
+browser="chromium fonts-dejavu-core"
+npm=
+command -v npm >/dev/null || npm="npm"
 
 # What the target needs, as steps: step KIND SENTENCE PACKAGE...
 # KIND is needed or extra, SENTENCE says what it means when the packages cannot be had. What a step
@@ -48,6 +51,7 @@ steps() {
       step extra "Nothing is tested for WebAssembly." $wasm
       step extra "The Debian packages are not tested." $debian
       step extra "The package for JavaScript is not tested." $web
+      step extra "The page is not tested." $browser $npm
       step extra "The package for Python is not tested." $python
       step extra "Data frames, plots and the cluster for Python are not tested." $python_extras
       step extra "Samples are tested in fewer languages." $samples
@@ -75,6 +79,7 @@ steps() {
     web)
       step needed "There is no compiler for WebAssembly." $wasm
       step needed "Nothing turns TypeScript into a package." $web
+      step extra "There is no page." $npm
       ;;
     *)
       echo "install.sh: native, dll, run, test, bench, dist, deb, python or web, not \"$target\"" >&2

@@ -6,7 +6,7 @@
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 "$here/build.sh" "$1" "$2"
-if ! command -v chromium >/dev/null; then
+if ! CHROMIUM=$(command -v chromium); then
   echo "run_tests.sh: needs Debian's chromium" >&2
   exit 77
 fi
@@ -18,5 +18,5 @@ rm -rf modules tests
   --loader:.gz=binary --loader:.css=empty --log-level=error --outdir="../modules")
 cp -r "$here/tests" tests
 cp "$here/../tests/golden.mjs" tests/
-export ZENITHOR_REPOSITORY=${here%/web/page}
+export CHROMIUM ZENITHOR_REPOSITORY=${here%/web/page}
 exec node --test tests/*.test.mjs

@@ -20,8 +20,8 @@ let browser;
 export function useBrowser() {
   before(async () => {
     browser = await chromium.launch({
-      executablePath: "/usr/bin/chromium",
-      args: process.getuid?.() === 0 ? ["--no-sandbox"] : [],
+      executablePath: process.env.CHROMIUM,
+      args: ["--disable-dev-shm-usage", ...(process.getuid() === 0 ? ["--no-sandbox"] : [])],
     });
   });
   after(() => browser?.close());
