@@ -69,6 +69,8 @@ export interface FrameOptions {
   /** Class that says how high the chart is. */
   className: string;
   hasPriceCursor: boolean;
+  /** [px], where the class does not say it. */
+  height?: number;
   /** The slot under the cursor changed; by the keyboard where `isKey`. */
   onCursor(slot: number | null, isKey: boolean): void;
   chart?: DeepPartial<TimeChartOptions>;
@@ -122,6 +124,9 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     "aria-label": options.label, "aria-describedby": help.id,
   });
   const root = element("div", { class: "chart-block" }, host, help);
+  if (options.height !== undefined) {
+    host.style.height = `${options.height}px`;
+  }
   parent.replaceChildren(root);
   const chart = createChart(host, {
     autoSize: true,

@@ -1,7 +1,508 @@
-import { element } from "../view.js";
-import type { Context, View } from "../view.js";
+// Prices: bars of a file with the sky over them. Longitudes as lines on a scale of their own or as prices,
+// retrograde spans, events, further panes; lines run on beyond the last bar.
 
-export function mount(root: HTMLElement, _context: Context): View {
-  root.append(element("p", { class: "notice" }, "Nothing here yet."));
-  return { update() {}, destroy() {} };
+import { CandlestickSeries, PriceScaleMode } from "lightweight-charts";
+import type { ISeriesApi } from "lightweight-charts";
+import { BODY_LOOKS, GEOCENTRIC, bodyLabel, zodiac } from "../bodies.js";
+import { bodyChecks, checks, folded, list, numberField } from "../chart/controls.js";
+import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from "../chart/curves.js";
+import type { Curve, Pane } from "../chart/curves.js";
+import { createFrame } from "../chart/frame.js";
+import type { Area, Frame } from "../chart/frame.js";
+import { drawShade, roundTicks } from "../chart/lines.js";
+import { ASPECTS, MARK_NAMES, aspectMarks, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
+import type { Mark, MarkList } from "../chart/marks.js";
+import { picture } from "../chart/picture.js";
+import { happenings, readout, signed } from "../chart/readout.js";
+import type { Span } from "../chart/retrograde.js";
+import { strip, stripHeight } from "../chart/strip.js";
+import { strokesOf } from "../chart/strokes.js";
+import { saveCanvas } from "../download.js";
+import { MARK_KINDS, PANES, RETROGRADES, SPACINGS } from "../state.js";
+import type { MarkKind, PaneName } from "../state.js";
+import { table } from "../table.js";
+import type { Column } from "../table.js";
+import { COLOURS, bar, element } from "../view.js";
+import type { Context, View } from "../view.js";
+import type { BodyName } from "zenithor";
+import { angleStrokes, axisClock, chartData, paneStrokes, priceRange } from "./data.js";
+import type { ChartData } from "./data.js";
+import { nearestLine, suggestedUnit } from "./family.js";
+import type { Family } from "./family.js";
+import { fileBox, shownPrices } from "./file_box.js";
+import { overlay } from "./overlay.js";
+import type { PriceScale } from "./overlay.js";
+import { SAMPLE_NOTE } from "./sample.js";
+
+const PANE_NAMES: Readonly<Record<PaneName, string>> = { declination: "Declination", motion: "Daily motion", angle: "Angle" };
+const MAIN_HEIGHT = { wide: 460, narrow: 380 };
+const PANE_HEIGHT = 130;
+const AXIS_HEIGHT = 28;
+const BARS_SHOWN = 250;
+const MONTHS = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
+
+interface Row {
+  slot: number;
+}
+
+export function mount(root: HTMLElement, context: Context): View {
+  let data: ChartData = chartData(shownPrices().bars, context.state.ahead, context.state.hour);
+  let dataKey = "";
+  let frame: Frame | null = null;
+  let candles: ISeriesApi<"Candlestick"> | null = null;
+  let frameKey = "";
+  let marksKey = "";
+  let tableKey = "";
+  let tableTimer = 0;
+  let stopSearch = () => {};
+  let lists: ReadonlyMap<MarkKind, MarkList> = new Map();
+  let exact: { key: string; marks: Mark[] } = { key: "", marks: [] };
+  let family: Family = { unit: 1, spacing: 90, isMirrored: false };
+  let tooMany = "";
+  let started = 0;
+  let prices = shownPrices();
+
+  const bodies = (): BodyName[] => bodiesOf(context.state.lines, context.state.centre);
+  const kinds = (): readonly MarkKind[] => context.state.events;
+  const bodyAsSeen = (body: BodyName): BodyName => bodyOf(body, context.state.centre) ?? "earth";
+
+  const controls = {
+    centre: bar(context, "centre", "Seen from", { geo: "Earth", helio: "Sun" }),
+    scale: bar(context, "scale", "Longitudes", { price: "As prices", own: "Own scale" }),
+    unit: numberField(context, "unit", "Price per degree", 0, 1e9, "any", () => String(family.unit)),
+    spacing: list(context, "spacing", "Lines apart", SPACINGS.map((degrees) => [degrees, `${degrees}°`])),
+    slope: list(context, "slope", "Prices", [["up", "rise with longitude"], ["down", "fall with longitude"]]),
+    modulo: bar(context, "modulo", "Modulo", { 30: "30°", 45: "45°", 90: "90°", 360: "360°" }),
+    prices: bar(context, "prices", "Price axis", { linear: "Linear", log: "Log" }),
+    lines: bodyChecks(context, "lines"),
+    panes: checks(context, "panes", "Further panes", PANES.map((pane) => [pane, PANE_NAMES[pane]])),
+    first: list(context, "first", "Angle between", GEOCENTRIC.map((body) => [body, BODY_LOOKS[body].name])),
+    second: list(context, "second", "and", GEOCENTRIC.map((body) => [body, BODY_LOOKS[body].name])),
+    events: checks(context, "events", "Events on the strip", MARK_KINDS.map((kind) => [kind, MARK_NAMES[kind]])),
+    retro: list(context, "retro", "Shade retrograde", RETROGRADES.map((one) => [one, one === "none" ? "None" : BODY_LOOKS[one].name])),
+    ahead: numberField(context, "ahead", "Bars ahead", 0, 2000, 1),
+    hour: numberField(context, "hour", "Sky at hour, UTC", 0, 23, "any"),
+  };
+
+  const box = fileBox(root, context, () => update());
+  const title = element("h2");
+  const words = element("p");
+  const warning = element("p", { class: "warning", role: "status" });
+  const values = readout();
+  const place = element("div");
+  const barTable = table<Row>([], { caption: "Bars", file: "zenithor-prices", most: 40 });
+  const eventTable = table<Mark>([], { caption: "Events", file: "zenithor-prices-events", most: 40, empty: "Nothing of the chosen kinds happens in this span." });
+  const auto = element("button", { type: "button", click: () => context.setState({ unit: 0 }) }, "Fit to the prices");
+  root.append(
+    box.root,
+    element("div", { class: "controls" },
+      controls.scale.root, controls.unit.root, auto, controls.spacing.root, controls.slope.root, controls.modulo.root,
+      controls.centre.root, controls.prices.root),
+    controls.lines.root,
+    folded("Panes, events, shading, future",
+      controls.panes.root, controls.first.root, controls.second.root, controls.events.root, controls.retro.root,
+      controls.ahead.root, controls.hour.root),
+    element("div", { class: "view-title" }, title, words, warning),
+    values.root, place,
+    element("p", { class: "buttons" },
+      element("button", { type: "button", click: () => frame?.showSlots(-0.5, frame.times.length - 0.5) }, "Show all"),
+      element("button", { type: "button", click: () => showLatest() }, "Latest bars"),
+      element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
+    barTable.root, eventTable.root);
+
+  async function savePicture(): Promise<void> {
+    if (frame === null) {
+      return;
+    }
+    try {
+      await saveCanvas(picture(frame.chart, title.textContent!, words.textContent!, context.theme), "zenithor-prices.png");
+    } catch (error) {
+      context.announce(`The picture could not be made: ${error instanceof Error ? error.message : error}`);
+    }
+  }
+
+  function showLatest(): void {
+    const last = data.slots.time.length - 0.5;
+    const seen = Math.min(last + 0.5, (frame!.root.clientWidth < 600 ? 0.5 : 1) * BARS_SHOWN + context.state.ahead * 0.6);
+    const end = Math.min(last, data.slots.last + context.state.ahead * 0.6);
+    frame!.showSlots(Math.max(-0.5, end - seen), end);
+  }
+
+  function date(time: number): string {
+    const [year, month, day] = context.clock.parts(time);
+    return `${day} ${MONTHS[month]} ${String(year).slice(-2)}`;
+  }
+
+  function shaded(): readonly Span[] {
+    const body = context.state.retro;
+    return body === "none" ? [] : data.retrograde(body).spans;
+  }
+
+  const dateless = () => shaded().map((span) => ({ ...span, beginsHere: false, endsHere: false }));
+
+  function priceScale(area: Area): PriceScale | null {
+    const [high, low] = [candles!.coordinateToPrice(0), candles!.coordinateToPrice(area.height)];
+    if (high === null || low === null || !(high > low)) {
+      return null;
+    }
+    const isLog = candles!.priceScale().options().mode === PriceScaleMode.Logarithmic;
+    return {
+      low, high,
+      y: isLog
+        ? (price) => (price > 0 ? candles!.priceToCoordinate(price) ?? NaN : NaN)
+        : (price) => ((high - price) / (high - low)) * area.height,
+    };
+  }
+
+  /** The pane of the longitudes on a scale of their own. */
+  function ownPane(): Pane {
+    const places = (area: Area, body: BodyName): Curve => {
+      const { x, value } = data.sky.points(body, longitudeField(context.state.centre), area.first, area.last);
+      return { body, strokes: strokesOf(x, value, context.state.modulo), spans: [], stations: [] };
+    };
+    return {
+      isBehind: true, hasInnerNames: true,
+      curves: (area) => bodies().map((body) => places(area, body)),
+      range: () => [0, context.state.modulo],
+      ticks: () => longitudeTicks(context.state.modulo),
+      slotOf: (time) => frame!.slotOf(time),
+      date, isBanded: () => false, shaded: () => [],
+    };
+  }
+
+  function furtherPane(which: PaneName): Pane {
+    const common = {
+      slotOf: (time: number) => frame!.slotOf(time), date, isBanded: () => false, shaded: dateless,
+    };
+    if (which === "angle") {
+      const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
+      return {
+        ...common,
+        title: `Angle ${BODY_LOOKS[first].name} to ${BODY_LOOKS[second].name}, circles: aspects`,
+        curves: (area) => [{
+          body: first, spans: [], stations: exactAspects(),
+          strokes: angleStrokes(data, first, second, context.state.centre, area.first, area.last),
+        }],
+        range: () => [0, 180],
+        ticks: () => ASPECTS.map(({ angle, glyph }) => ({ value: angle, text: `${glyph} ${angle}°` })),
+      };
+    }
+    const curves = (area: Area): Curve[] => context.state.lines.map((body) =>
+      ({ body, strokes: paneStrokes(data, which, body, area.first, area.last), spans: [], stations: [] }));
+    if (which === "declination") {
+      return { ...common, title: "Declination, apparent, geocentric", curves, range: declinationRange, ticks: declinationTicks };
+    }
+    return {
+      ...common, curves, title: "Daily motion in longitude, apparent, geocentric",
+      range(drawn) {
+        const all = drawn.flatMap(({ strokes }) => strokes.flatMap(({ y }) => y));
+        const [low, high] = [all.reduce((a, b) => Math.min(a, b), 0), all.reduce((a, b) => Math.max(a, b), 0)];
+        return high > low ? [low, high] : [-1, 1];
+      },
+      ticks: ([low, high]) => roundTicks(low, high, 5, "°/d"),
+    };
+  }
+
+  /** The exact aspects of the two bodies of the angle's pane. */
+  function exactAspects(): Mark[] {
+    const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
+    const { times } = data.sky;
+    const key = [first, second, context.state.centre, dataKey].join();
+    if (exact.key !== key) {
+      const span = [times[0]!, times[times.length - 1]! + 1] as const;
+      exact = { key, marks: first === second ? [] : aspectMarks(first, [second], ...span, context.state.centre) };
+    }
+    return exact.marks;
+  }
+
+  function build(): void {
+    const { state } = context;
+    const key = [state.scale, state.panes, kinds(), state.first, state.second, state.centre].join();
+    if (frame !== null && key === frameKey) {
+      return;
+    }
+    const range = frame?.range() ?? null;
+    const cursor = frame?.cursor ?? null;
+    frame?.destroy();
+    frameKey = key;
+    const low = kinds().length > 0 ? stripHeight(kinds()) : 0;
+    const main = innerWidth < 600 ? MAIN_HEIGHT.narrow : MAIN_HEIGHT.wide;
+    const heights = [main, ...state.panes.map(() => PANE_HEIGHT), ...(low > 0 ? [low] : [])];
+    frame = createFrame(place, {
+      label: "Prices with lines of the sky. The table below holds the same values.",
+      className: "prices-chart", hasPriceCursor: true,
+      height: heights.reduce((sum, height) => sum + height, AXIS_HEIGHT),
+      onCursor: (_, isKey) => showValues(isKey),
+    });
+    candles = frame.chart.addSeries(CandlestickSeries, { priceScaleId: "right", lastValueVisible: true, priceLineVisible: false, borderVisible: false }, 0);
+    frame.attach(candles, { isBehind: true, draw: (area) => drawShade(area, { boxes: [] }, shaded(), date) });
+    if (state.scale === "own") {
+      frame.addLayer(0, "left", curveLayers({ ...ownPane(), drawn: measured }).left);
+    } else {
+      frame.attach(candles, overlay({
+        bodies, family: () => family, scale: priceScale,
+        points: (body, area) => data.sky.points(body, longitudeField(context.state.centre), area.first, area.last),
+        drawn(bodiesLeft) {
+          measured();
+          const text = bodiesLeft.length === 0 ? "" :
+            "The lines lie too close together to be drawn. Choose a larger price per degree or lines further apart.";
+          if (text !== tooMany) {
+            tooMany = text;
+            warning.textContent = text;
+          }
+        },
+      }));
+    }
+    state.panes.forEach((which, k) => {
+      const layers = curveLayers(furtherPane(which));
+      frame!.addLayer(k + 1, "left", layers.left);
+      frame!.addLayer(k + 1, "right", layers.right);
+    });
+    if (low > 0) {
+      frame.addLayer(heights.length - 1, "left", strip(kinds, () => lists, () => data.sky.times));
+    }
+    fill();
+    frame.chart.panes().forEach((pane, k) => pane.setStretchFactor(heights[k] ?? 1));
+    if (range === null) {
+      showLatest();
+    } else {
+      frame.showSlots(...range);
+      frame.setCursor(cursor);
+    }
+  }
+
+  /** Hands the bars to the chart. */
+  function fill(): void {
+    const { bars, slots } = data;
+    frame!.setLook(context.theme, axisClock(data, context.clock), !data.isDaily);
+    frame!.setTimes(data.sky.times);
+    candles!.applyOptions({ priceFormat: { type: "price", precision: data.digits, minMove: 1 / 10 ** data.digits } });
+    candles!.setData(Array.from(slots.time, (_, slot) => {
+      const k = slots.bar[slot]!;
+      const time = frame!.stamp(slot);
+      return k < 0 ? { time } : { time, open: bars.open[k]!, high: bars.high[k]!, low: bars.low[k]!, close: bars.close[k]! };
+    }));
+  }
+
+  function measured(): void {
+    if (started > 0) {
+      performance.measure("prices redrawn", { start: started, end: performance.now() });
+      started = 0;
+    }
+  }
+
+  function showValues(isKey: boolean): void {
+    if (frame === null) {
+      return;
+    }
+    const { state, clock, theme } = context;
+    const { slots, bars, sky, digits } = data;
+    const slot = Math.min(frame.cursor ?? slots.last, slots.time.length - 1);
+    const k = slots.bar[slot]!;
+    const axis = axisClock(data, clock);
+    const field = longitudeField(state.centre);
+    const price = k < 0 ? (bars.close[bars.close.length - 1] ?? 0) : bars.close[k]!;
+    const rows = state.lines.flatMap((listed) => {
+      const body = bodyOf(listed, state.centre);
+      if (body === null) {
+        return [];
+      }
+      const longitude = sky.value(body, field, slot);
+      const cells = [`${longitude.toFixed(2)}°`, zodiac(longitude)];
+      if (state.scale === "price") {
+        cells.push(nearestLine(longitude, price, family).price.toFixed(digits));
+      }
+      if (state.panes.includes("declination")) {
+        cells.push(`${signed(sky.value(listed, "declination", slot), 2)}°`);
+      }
+      if (state.panes.includes("motion")) {
+        cells.push(`${signed(sky.value(listed, "longitude_motion", slot), 3)}°/d`);
+      }
+      return [{ body, cells }];
+    });
+    const day = axis.format(slots.time[slot]!, data.isDaily ? "day" : "minute");
+    const zone = data.isDaily ? `sky at ${axis.hourMinute(sky.times[slot]!)} UTC` : axis.label;
+    const what = k < 0
+      ? (slot > slots.last ? "beyond the last bar" : "no bar")
+      : (["open", "high", "low", "close"] as const).map((name) => `${name} ${bars[name][k]!.toFixed(digits)}`).join("  ");
+    const angle = state.panes.includes("angle") ? `  angle ${angleAt(slot).toFixed(2)}°` : "";
+    const next = sky.times[slot + 1] ?? sky.times[slot]! + 86400e3;
+    const events = happenings(lists, sky.times[slot]!, next, (time) => clock.format(time).slice(5));
+    values.show(`${day}, ${zone}:  ${what}${angle}`, rows, events === "" ? "No event until the next bar." : events, theme);
+    if (isKey) {
+      context.announce(values.words());
+    }
+  }
+
+  function angleAt(slot: number): number {
+    const field = longitudeField(context.state.centre);
+    const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
+    const way = Math.abs(data.sky.value(first, field, slot) - data.sky.value(second, field, slot));
+    return Math.min(way, 360 - way);
+  }
+
+  function search(): void {
+    const { state } = context;
+    const key = [dataKey, kinds(), bodies(), state.centre, state.retro].join();
+    if (key === marksKey) {
+      return;
+    }
+    marksKey = key;
+    stopSearch();
+    lists = new Map();
+    const { times } = data.sky;
+    const [from, to] = [times[0]!, times[times.length - 1]! + 1];
+    const turning = new Set<BodyName>([...(state.centre === "geo" ? bodies() : []), ...(state.retro === "none" ? [] : [state.retro])]);
+    function* steps(): Generator<Mark[]> {
+      if (kinds().includes("stations")) {
+        for (const body of turning) {
+          yield data.retrograde(body).marks.slice();
+        }
+      }
+      yield* searchSteps(bodies(), kinds(), from, to, state.centre);
+    }
+    stopSearch = searchLater(steps(), (marks) => {
+      lists = byKind(marks);
+      frame?.redraw();
+      showValues(false);
+      tableKey = "";
+      tablesLater();
+    });
+  }
+
+  function showTables(): void {
+    const { state, clock } = context;
+    const { bars, slots, sky, digits } = data;
+    const axis = axisClock(data, clock);
+    const field = longitudeField(state.centre);
+    const columns: Column<Row>[] = [{
+      head: "Date", unit: data.isDaily ? "" : axis.label, isNumber: false,
+      value: ({ slot }) => axis.format(slots.time[slot]!, data.isDaily ? "day" : "minute"),
+    }];
+    for (const name of ["open", "high", "low", "close"] as const) {
+      columns.push({
+        head: name.charAt(0).toUpperCase() + name.slice(1), digits, isNumber: true,
+        value: ({ slot }) => (slots.bar[slot]! < 0 ? NaN : bars[name][slots.bar[slot]!]!),
+      });
+    }
+    for (const body of bodies()) {
+      columns.push({ head: BODY_LOOKS[body].name, unit: "deg", digits: 4, isNumber: true, value: ({ slot }) => sky.value(body, field, slot) });
+    }
+    for (const which of state.panes) {
+      if (which === "angle") {
+        columns.push({ head: "Angle", unit: "deg", digits: 4, isNumber: true, value: ({ slot }) => angleAt(slot) });
+        continue;
+      }
+      for (const body of state.lines) {
+        columns.push({
+          head: `${BODY_LOOKS[body].name} ${which === "motion" ? "motion" : "decl."}`, unit: which === "motion" ? "deg/day" : "deg",
+          digits: 4, isNumber: true,
+          value: ({ slot }) => sky.value(body, which === "motion" ? "longitude_motion" : "declination", slot),
+        });
+      }
+    }
+    barTable.setColumns(columns);
+    // The last bar first, as price lists have it; what lies ahead comes before it.
+    const rows = Array.from(slots.time, (_, k) => ({ slot: slots.time.length - 1 - k }));
+    const start = rows.findIndex(({ slot }) => slot === slots.last);
+    barTable.show([...rows.slice(start), ...rows.slice(0, start).reverse()],
+      `${prices.name}: bars from the last one back, then the ${rows.length - 1 - slots.last} places ahead. ${skyWords()}`);
+    eventTable.setColumns([
+      { head: "Time", unit: clock.label, value: ({ time }) => clock.format(time), isNumber: false },
+      { head: "Event", value: ({ text }) => text },
+      { head: "Kind", value: ({ kind }) => MARK_NAMES[kind] },
+    ]);
+    const marks = [...lists.values()].flatMap((one) => one.marks).sort((a, b) => b.time - a.time);
+    eventTable.show(marks, "Events from the last bar's future back to the first bar.");
+  }
+
+  function tablesLater(): void {
+    clearTimeout(tableTimer);
+    tableTimer = window.setTimeout(() => {
+      const { state, clock } = context;
+      const key = [dataKey, bodies(), state.panes, state.first, state.second, state.centre, clock.zone, marksKey, lists.size].join();
+      if (key !== tableKey) {
+        tableKey = key;
+        showTables();
+      }
+    }, 30);
+  }
+
+  function skyWords(): string {
+    const frameOf = context.state.centre === "geo" ? "apparent, geocentric" : "heliocentric";
+    const when = data.isDaily ? ` at ${axisClock(data, context.clock).hourMinute(data.sky.times[0]!)} UTC of each date` : ` at each bar's time`;
+    return `Longitudes ${frameOf}, true equinox of date,${when}.`;
+  }
+
+  function showWords(): void {
+    const { state } = context;
+    title.textContent = `${prices.name} and the sky`;
+    const sample = prices.isSample ? `${SAMPLE_NOTE} ` : "";
+    const lines = state.scale === "price"
+      ? `Lines: ${family.unit} a degree, ${family.spacing}° apart${family.isMirrored ? ", falling" : ""}.`
+      : `Lines: scale on the left, modulo ${state.modulo}°.`;
+    const shade = state.retro === "none" ? "" : ` Shaded: ${bodyLabel(state.retro)} retrograde.`;
+    words.textContent = `${sample}${skyWords()} ${lines}${shade}`;
+  }
+
+  function update(): void {
+    started = performance.now();
+    const { state, clock, theme } = context;
+    const isOther = prices !== shownPrices();
+    prices = shownPrices();
+    const key = [prices.name, prices.bars.time.length, prices.bars.time[0], state.ahead, state.hour].join();
+    const isNew = isOther || key !== dataKey;
+    if (isNew) {
+      data = chartData(prices.bars, state.ahead, state.hour);
+      dataKey = key;
+      marksKey = tableKey = "";
+      exact = { key: "", marks: [] };
+    }
+    const size = prices.bars.time.length;
+    const [low, high] = priceRange(prices.bars, size - BARS_SHOWN, size - 1);
+    family = {
+      unit: state.unit > 0 ? state.unit : suggestedUnit(low, high, state.spacing),
+      spacing: state.spacing, isMirrored: state.slope === "down",
+    };
+    Object.values(controls).forEach((control) => control.update());
+    const isPrice = state.scale === "price";
+    [controls.unit.root, auto, controls.spacing.root, controls.slope.root].forEach((part) => { part.hidden = !isPrice; });
+    controls.modulo.root.hidden = isPrice;
+    auto.disabled = state.unit === 0;
+    controls.first.root.hidden = controls.second.root.hidden = !state.panes.includes("angle");
+    controls.hour.root.hidden = !data.isDaily;
+    controls.prices.root.hidden = !data.isPositive;
+    if (!isPrice && tooMany !== "") {
+      warning.textContent = tooMany = "";
+    }
+    search();
+    const isBuilt = frame !== null;
+    build();
+    if (isBuilt && isNew) {
+      fill();
+      if (isOther) {
+        frame!.setCursor(null);
+        showLatest();
+      }
+    }
+    const colours = COLOURS[theme];
+    candles!.applyOptions({ upColor: colours.up, downColor: colours.down, wickUpColor: colours.up, wickDownColor: colours.down });
+    const mode = state.prices === "log" && data.isPositive ? PriceScaleMode.Logarithmic : PriceScaleMode.Normal;
+    candles!.priceScale().applyOptions({ mode });
+    frame!.setLook(theme, axisClock(data, clock), !data.isDaily);
+    showWords();
+    showValues(false);
+    tablesLater();
+  }
+
+  update();
+  return {
+    update,
+    destroy() {
+      stopSearch();
+      clearTimeout(tableTimer);
+      box.destroy();
+      frame?.destroy();
+    },
+  };
 }

@@ -3,6 +3,8 @@
 
 import { BODY_LOOKS, zodiac } from "../bodies.js";
 import { bodyChecks, checks, folded, list } from "../chart/controls.js";
+import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from "../chart/curves.js";
+import type { Curve, Pane } from "../chart/curves.js";
 import { createFrame } from "../chart/frame.js";
 import type { Frame } from "../chart/frame.js";
 import { MARK_NAMES, bodiesOf, byKind, isMoonTooFast, longitudeField, retrogradeOf, searchLater, searchSteps } from "../chart/marks.js";
@@ -21,8 +23,6 @@ import type { Column } from "../table.js";
 import { bar, element } from "../view.js";
 import type { Context, View } from "../view.js";
 import type { BodyName } from "zenithor";
-import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from "./curves.js";
-import type { Curve, Pane } from "./curves.js";
 import { yearSpan } from "./span.js";
 import type { YearSpan } from "./span.js";
 
@@ -162,7 +162,7 @@ export function mount(root: HTMLElement, context: Context): View {
     return {
       curves: curvesOf,
       range,
-      ticks: () => (which === "longitude" ? longitudeTicks(context.state.modulo) : declinationTicks(range())),
+      ticks: (values) => (which === "longitude" ? longitudeTicks(context.state.modulo) : declinationTicks(values)),
       slotOf: (time) => frame!.slotOf(time),
       date,
       isBanded: () => context.state.shade === "lines",

@@ -1,15 +1,14 @@
-// The panes of the Year view: longitudes modulo a part of the circle, declinations.
+// Panes with lines of bodies: rules and a scale on the left, names at the lines' ends on the right.
 
-import { SIGNS } from "../bodies.js";
-import { bodyColour } from "../bodies.js";
-import type { Area, Layer } from "../chart/frame.js";
+import { SIGNS, bodyColour } from "../bodies.js";
+import type { Area, Layer } from "./frame.js";
 import {
-  drawBand, drawCircle, drawEndLabels, drawRules, drawShade, drawStrokes, drawText, drawTicks, roundTicks, valueAt,
-} from "../chart/lines.js";
-import type { Taken, Tick } from "../chart/lines.js";
-import type { Mark } from "../chart/marks.js";
-import type { Span } from "../chart/retrograde.js";
-import type { Stroke } from "../chart/strokes.js";
+  drawBand, drawCircle, drawEndLabels, drawInnerNames, drawRules, drawShade, drawStrokes, drawText, drawTicks, roundTicks, valueAt,
+} from "./lines.js";
+import type { Taken, Tick } from "./lines.js";
+import type { Mark } from "./marks.js";
+import type { Span } from "./retrograde.js";
+import type { Stroke } from "./strokes.js";
 import type { BodyName } from "zenithor";
 
 export interface Curve {
@@ -20,10 +19,13 @@ export interface Curve {
 }
 
 export interface Pane {
-  curves(): readonly Curve[];
+  /** What is drawn where so much is seen. */
+  curves(area: Area): readonly Curve[];
   /** The values at the bottom and at the top. */
-  range(): readonly [number, number];
-  ticks(): readonly Tick[];
+  range(curves: readonly Curve[]): readonly [number, number];
+  ticks(range: readonly [number, number]): readonly Tick[];
+  /** Said in the upper left corner. */
+  title?: string;
   /** The place of a moment along the axis. */
   slotOf(time: number): number;
   date(time: number): string;
@@ -31,6 +33,10 @@ export interface Pane {
   /** Whose spans are shaded over the whole height. */
   shaded(): readonly Span[];
   drawn?(): void;
+  /** Whether prices stand before the lines, which then have no rules and shades of their own. */
+  isBehind?: boolean;
+  /** Whether the names stand in the pane and not on the axis to its right. */
+  hasInnerNames?: boolean;
 }
 
 const MARGIN = 8;
@@ -67,26 +73,37 @@ function scaleOf(area: Area, [low, high]: readonly [number, number]): (value: nu
 /** The layers of a pane: behind, its rules, shades and lines with the scale on the left; and the names at
  * the lines' ends on the right. */
 export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
+  function parts(area: Area) {
+    const curves = pane.curves(area);
+    const range = pane.range(curves);
+    return { curves, y: scaleOf(area, range), ticks: pane.ticks(range) };
+  }
   return {
     left: {
+      isBehind: pane.isBehind,
       draw(area) {
-        const y = scaleOf(area, pane.range());
+        const { curves, y, ticks } = parts(area);
         const taken: Taken = { boxes: [] };
         const { pen } = area;
-        drawRules(area, pane.ticks(), y);
-        drawShade(area, taken, pane.shaded(), pane.date);
-        for (const { strokes, spans } of pane.isBanded() ? pane.curves() : []) {
+        if (!pane.isBehind) {
+          drawRules(area, ticks, y);
+          drawShade(area, taken, pane.shaded(), pane.date);
+        }
+        if (pane.title !== undefined) {
+          drawText(area, taken, pane.title, [[6, 10]], area.colours.quiet, "left");
+        }
+        for (const { strokes, spans } of pane.isBanded() ? curves : []) {
           drawBand(area, strokes, spans.map(({ from, to }) => ({ from: pane.slotOf(from), to: pane.slotOf(to) })), y);
         }
-        for (const { body, strokes } of pane.curves()) {
+        for (const { body, strokes } of curves) {
           drawStrokes(area, body, strokes, y);
         }
         const dated: [number, number, Mark][] = [];
-        for (const { body, strokes, stations } of pane.curves()) {
+        for (const { body, strokes, stations } of curves) {
           for (const station of stations) {
             const place = pane.slotOf(station.time);
             const [left, top] = [area.x(place), y(valueAt(strokes, place))];
-            if (left > -5 && left < area.width + 5) {
+            if (left > -5 && left < area.width + 5 && Number.isFinite(top)) {
               drawCircle(area, left, top, bodyColour(body, area.theme));
               taken.boxes.push([left - 5, top - 5, left + 5, top + 5]);
               dated.push([left, top, station]);
@@ -99,15 +116,22 @@ export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
           drawText(area, taken, pane.date(station.time), places, area.colours.quiet);
         }
         pen.restore();
+        if (pane.hasInnerNames) {
+          const ends = curves.map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) }));
+          drawInnerNames(area, ends.filter((end) => Number.isFinite(end.y)));
+        }
         pane.drawn?.();
       },
-      axis: (area) => drawTicks(area, pane.ticks(), scaleOf(area, pane.range()), "left"),
+      axis(area) {
+        const { y, ticks } = parts(area);
+        drawTicks(area, ticks, y, "left");
+      },
     },
     right: {
       draw() {},
       axis(area) {
-        const y = scaleOf(area, pane.range());
-        drawEndLabels(area, pane.curves().map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) })));
+        const { curves, y } = parts(area);
+        drawEndLabels(area, curves.map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) })));
       },
     },
   };
