@@ -28,6 +28,9 @@ mkdir -p "$sources/page"
 ln -s "$packages" "$folder/node_modules"
 cp -r "$web/src" "$web/tsconfig.json" "$sources/"
 cp -r "$here/src" "$here/tsconfig.json" "$sources/page/"
+mkdir "$sources/page/src/licences"
+cp "${web%/*}/LICENSE" "$sources/page/src/licences/zenithor.txt"
+cp "$packages/lightweight-charts/LICENSE" "$sources/page/src/licences/lightweight-charts.txt"
 gzip -9 -n -c "$module" >"$sources/src/zenithor.wasm.gz"
 
 cd "$sources"  # esbuild writes down paths from here

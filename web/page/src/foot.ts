@@ -1,5 +1,7 @@
 // The foot of the page: what the numbers are, whose work is in it.
 
+import chartsLicence from "./licences/lightweight-charts.txt";
+import ownLicence from "./licences/zenithor.txt";
 import { element } from "./view.js";
 
 const paragraph = (...children: (Node | string)[]) => element("p", {}, ...children);
@@ -25,5 +27,10 @@ export function footer(version: string, fingerprint: string): HTMLElement {
           "(+) or south (−) of the equator. A body is retrograde while its longitude falls."),
       paragraph(
         "The address of the page holds what it shows: copy it to come back to the same view, or to pass it on with the file."),
-      element("p", { class: "small" }, `Data: SHA-256 ${fingerprint}`)));
+      element("p", { class: "small" }, `Data: SHA-256 ${fingerprint}`)),
+    element("details", {},
+      element("summary", {}, "Licences"),
+      paragraph("Zenithor:"), element("pre", {}, ownLicence),
+      paragraph("Lightweight Charts, unchanged; fancy-canvas, which it uses, by smakarov@tradingview.com, is under the MIT License:"),
+      element("pre", {}, chartsLicence)));
 }

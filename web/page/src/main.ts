@@ -24,11 +24,15 @@ const PAGES: Readonly<Record<ViewName, { title: string; mount: Mount }>> = {
 const part = <T extends HTMLElement>(selector: string) => document.querySelector<T>(selector)!;
 const root = part("main");
 const asksForDark = matchMedia("(prefers-color-scheme: dark)");
+const isPaper = matchMedia("print");
 
 let state: State = decode(location.hash);
 let shown: { name: ViewName; view: View } | null = null;
 
 function theme(): Theme {
+  if (isPaper.matches) {
+    return "light";
+  }
   return state.theme === "auto" ? (asksForDark.matches ? "dark" : "light") : state.theme;
 }
 
@@ -142,6 +146,7 @@ async function start(): Promise<void> {
     draw();
   });
   asksForDark.addEventListener("change", draw);
+  isPaper.addEventListener("change", draw);
 }
 
 void start();

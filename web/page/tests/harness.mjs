@@ -28,8 +28,9 @@ export function useBrowser() {
 }
 
 /** Opens the page at a fragment and hands it to a test; afterwards nothing bad may have happened.
- * `options` are those of Playwright's contexts. */
-export async function withPage(fragment, options, test) {
+ * `options` are those of Playwright's contexts; `before` is a script that runs before the page's, and
+ * `isRefused` says that no view will come. */
+export async function withPage(fragment, { before: script, isRefused, ...options }, test) {
   const context = await browser.newContext({
     viewport: { width: 1440, height: 900 }, timezoneId: "Europe/Stockholm", acceptDownloads: true, ...options,
   });
@@ -48,8 +49,11 @@ export async function withPage(fragment, options, test) {
     }
   });
   try {
+    if (script) {
+      await context.addInitScript(script);
+    }
     await page.goto(PAGE + fragment);
-    await page.waitForFunction(() => document.querySelector("footer").childElementCount > 0);
+    await page.waitForSelector(isRefused ? "main [role=alert]" : "footer p");
     await test(page);
     assert.deepEqual(bad, []);
   } finally {

@@ -23,3 +23,82 @@ test("EveryViewOpensFromItsLink", LIMIT, async () => {
     });
   }
 });
+
+test("FirstPaintIsBelowOneSecondAndTheViewFollows", LIMIT, async (t) => {
+  const times = [];
+  for (let k = 0; k < 3; ++k) {
+    await withPage("#sky", {}, async (page) => {
+      times.push(await page.evaluate(() => ({
+        paint: performance.getEntriesByName("first-contentful-paint")[0].startTime, ready: performance.now(),
+      })));
+    });
+  }
+  const best = (name) => Math.min(...times.map((time) => time[name]));
+  t.diagnostic(`first paint ${best("paint").toFixed(0)} ms, view drawn ${best("ready").toFixed(0)} ms`);
+  assert.ok(best("paint") < 1000);
+});
+
+test("TheFootSaysVersionScaleAndFrame", LIMIT, async () => {
+  await withPage("#sky", {}, async (page) => {
+    const foot = await page.locator("footer").textContent();
+    assert.match(foot, /Zenithor \d+\.\d+\.\d+\. Longitudes are apparent and geocentric, of the true equinox of date/);
+    assert.match(foot, /Times are clock time/);
+    assert.match(foot, /TradingView Lightweight Charts™, Copyright © 2026 TradingView, Inc\., https:\/\/www\.tradingview\.com\//);
+    await page.getByText("About this page").click();
+    await page.getByText("Everything here is computed in this file").waitFor();
+    await page.getByText("Licences").click();
+    assert.match(await page.locator("footer pre").nth(1).textContent(), /Apache License\s+Version 2\.0/);
+    assert.deepEqual(await violations(page), []);
+  });
+});
+
+test("LinksAreFollowedKeptAndGoneBackTo", LIMIT, async () => {
+  await withPage("#sky?at=2026-11-21T12:00Z", {}, async (page) => {
+    const caption = () => page.locator("caption").first().textContent();
+    await page.getByRole("radio", { name: "Europe/Stockholm" }).check();
+    assert.match(await caption(), /2026-11-21 13:00 Europe\/Stockholm/);
+    await page.waitForFunction(() => location.hash === "#sky?at=2026-11-21T12:00Z&zone=local");
+    await page.getByRole("link", { name: "Day" }).click();
+    await page.waitForFunction(() => document.title.startsWith("Day"));
+    assert.match(await caption(), /in Europe\/Stockholm/);
+    await page.goBack();
+    await page.waitForFunction(() => document.title.startsWith("Sky"));
+    assert.match(await caption(), /2026-11-21 13:00 Europe\/Stockholm/);
+    await page.evaluate(() => { location.hash = "#sky?at=1969-07-20T20:17Z"; });
+    await page.getByText("Geocentric sky, 1969-07-20 20:17 UTC").first().waitFor();
+  });
+});
+
+test("ABrokenLinkShowsTheSky", LIMIT, async () => {
+  for (const link of ["#sky?at=never&centre=<b>", "#tomorrow", "#%E0%A4%A"]) {
+    await withPage(link, {}, async (page) => assert.match(await page.title(), /^Sky/));
+  }
+});
+
+test("ColoursFollowTheSystemOrTheChoice", LIMIT, async () => {
+  const background = (page) => page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);
+  await withPage("#sky", { colorScheme: "dark" }, async (page) => {
+    assert.equal(await background(page), "rgb(20, 23, 28)");
+    await page.getByRole("radio", { name: "Light" }).check();
+    assert.equal(await background(page), "rgb(255, 255, 255)");
+    assert.equal(await page.locator("figure svg circle").first().getAttribute("fill"), "#f6f7f9");
+    await page.waitForFunction(() => location.hash === "#sky?theme=light");
+  });
+});
+
+test("OnPaperThereAreNoControls", LIMIT, async () => {
+  await withPage("#sky?theme=dark", {}, async (page) => {
+    await page.emulateMedia({ media: "print" });
+    for (const selector of ["nav", ".settings", ".controls", ".buttons"]) {
+      assert.equal(await page.locator(selector).first().isVisible(), false, selector);
+    }
+    assert.equal(await page.evaluate(() => getComputedStyle(document.querySelector("td")).color), "rgb(0, 0, 0)");
+    await page.waitForSelector('figure svg circle[fill="#ffffff"]');
+  });
+});
+
+test("ABrowserThatIsTooOldIsTold", LIMIT, async () => {
+  await withPage("#sky", { before: "delete globalThis.DecompressionStream;", isRefused: true }, async (page) => {
+    assert.match(await page.locator("main").textContent(), /This browser cannot run the library .*Chrome from 91/);
+  });
+});
