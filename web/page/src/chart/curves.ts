@@ -3,7 +3,7 @@
 import { SIGNS, bodyColour } from "../bodies.js";
 import type { Area, Layer } from "./frame.js";
 import {
-  drawBand, drawCircle, drawEndLabels, drawInnerNames, drawRules, drawShade, drawStrokes, drawText, drawTicks, roundTicks, valueAt,
+  drawBand, drawCircle, drawEndLabels, drawInnerNames, drawRules, drawShade, drawShadeDates, drawStrokes, drawText, drawTicks, roundTicks, valueAt,
 } from "./lines.js";
 import type { Taken, Tick } from "./lines.js";
 import type { Mark } from "./marks.js";
@@ -30,8 +30,9 @@ export interface Pane {
   slotOf(time: number): number;
   date(time: number): string;
   isBanded(): boolean;
-  /** Whose spans are shaded over the whole height. */
+  /** What is shaded over the whole height, and of which spans the dates are given. */
   shaded(): readonly Span[];
+  datedSpans?(): readonly Span[];
   drawn?(): void;
   /** Whether prices stand before the lines, which then have no rules and shades of their own. */
   isBehind?: boolean;
@@ -87,10 +88,7 @@ export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
         const { pen } = area;
         if (!pane.isBehind) {
           drawRules(area, ticks, y);
-          drawShade(area, taken, pane.shaded(), pane.date);
-        }
-        if (pane.title !== undefined) {
-          drawText(area, taken, pane.title, [[6, 10]], area.colours.quiet, "left");
+          drawShade(area, pane.shaded());
         }
         for (const { strokes, spans } of pane.isBanded() ? curves : []) {
           drawBand(area, strokes, spans.map(({ from, to }) => ({ from: pane.slotOf(from), to: pane.slotOf(to) })), y);
@@ -110,12 +108,18 @@ export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
             }
           }
         }
+        if (!pane.isBehind) {
+          drawShadeDates(area, taken, pane.datedSpans?.() ?? [], pane.date);
+        }
         pen.save();
         for (const [left, top, station] of pane.isBanded() ? dated : []) {
           const places: [number, number][] = [[left, top - 14], [left, top + 14], [left - 26, top - 12], [left + 26, top + 12]];
           drawText(area, taken, pane.date(station.time), places, area.colours.quiet);
         }
         pen.restore();
+        if (pane.title !== undefined) {
+          drawText(area, taken, pane.title, [[6, 10]], area.colours.quiet, "left");
+        }
         if (pane.hasInnerNames) {
           const ends = curves.map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) }));
           drawInnerNames(area, ends.filter((end) => Number.isFinite(end.y)));

@@ -140,10 +140,8 @@ export function drawCircle(area: Area, x: number, y: number, colour: string): vo
   pen.stroke();
 }
 
-/** Shades spans over the whole height, with the dates of their ends at the top. */
-export function drawShade(
-  area: Area, taken: Taken, spans: readonly Span[], date: (time: number) => string,
-): void {
+/** Shades spans over the whole height. */
+export function drawShade(area: Area, spans: readonly Span[]): void {
   const { pen, xOf, height, colours } = area;
   for (const { from, to, beginsHere, endsHere } of spans) {
     const [left, right] = [xOf(from), xOf(to)];
@@ -154,15 +152,28 @@ export function drawShade(
     pen.fillRect(left, 0, right - left, height);
     pen.strokeStyle = colours.rule;
     pen.lineWidth = 1;
-    for (const [at, isStation, time, align] of [[left, beginsHere, from, "left"], [right, endsHere, to, "right"]] as const) {
-      if (isStation) {
-        pen.beginPath();
+    pen.beginPath();
+    for (const at of [beginsHere ? left : NaN, endsHere ? right : NaN]) {
+      if (!Number.isNaN(at)) {
         pen.moveTo(Math.round(at) + 0.5, 0);
         pen.lineTo(Math.round(at) + 0.5, height);
-        pen.stroke();
-        const inside = align === "left" ? at + 3 : at - 3;
-        drawText(area, taken, date(time), [[inside, 10], [inside, 26]], colours.quiet, align);
       }
+    }
+    pen.stroke();
+  }
+}
+
+/** The dates of the spans' ends, at the top, each beside its end. */
+export function drawShadeDates(area: Area, taken: Taken, spans: readonly Span[], date: (time: number) => string): void {
+  for (const { from, to, beginsHere, endsHere } of spans) {
+    const [left, right] = [area.xOf(from), area.xOf(to)];
+    // Outside where the span is too narrow for both.
+    const isNarrow = right - left < 2 * area.pen.measureText("28 Nov 26").width;
+    if (beginsHere) {
+      drawText(area, taken, date(from), isNarrow ? [[left - 3, 10], [left - 3, 26]] : [[left + 3, 10], [left + 3, 26]], area.colours.quiet, isNarrow ? "right" : "left");
+    }
+    if (endsHere) {
+      drawText(area, taken, date(to), isNarrow ? [[right + 3, 10], [right + 3, 26]] : [[right - 3, 10], [right - 3, 26]], area.colours.quiet, isNarrow ? "left" : "right");
     }
   }
 }

@@ -3,6 +3,7 @@
 import { aspects, events, ingresses, kindName, position, stations } from "zenithor";
 import type { BodyName, EventKindName, FieldName } from "zenithor";
 import { BODY_LOOKS, SIGNS } from "../bodies.js";
+import { ASPECTS } from "../sky/places.js";
 import { retrogradeSpans } from "./retrograde.js";
 import type { Span } from "./retrograde.js";
 import type { MarkKind } from "../state.js";
@@ -39,14 +40,6 @@ export function bodyOf(body: BodyName, centre: Centre): BodyName | null {
 export function bodiesOf(bodies: readonly BodyName[], centre: Centre): BodyName[] {
   return bodies.map((body) => bodyOf(body, centre)).filter((body): body is BodyName => body !== null);
 }
-
-export const ASPECTS: readonly { angle: number; name: string; glyph: string }[] = [
-  { angle: 0, name: "conjunction", glyph: "☌" },
-  { angle: 60, name: "sextile", glyph: "⚹" },
-  { angle: 90, name: "square", glyph: "□" },
-  { angle: 120, name: "trine", glyph: "△" },
-  { angle: 180, name: "opposition", glyph: "☍" },
-].map((aspect) => ({ ...aspect, glyph: aspect.glyph + "\uFE0E" }));
 
 const LETTERS: Readonly<Record<string, string>> = {
   solar_total: "T", solar_annular: "A", solar_annular_total: "H", solar_total_noncentral: "T",

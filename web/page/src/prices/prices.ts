@@ -9,8 +9,8 @@ import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from 
 import type { Curve, Pane } from "../chart/curves.js";
 import { createFrame } from "../chart/frame.js";
 import type { Area, Frame } from "../chart/frame.js";
-import { drawShade, roundTicks } from "../chart/lines.js";
-import { ASPECTS, MARK_NAMES, aspectMarks, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
+import { drawShade, drawShadeDates, roundTicks } from "../chart/lines.js";
+import { MARK_NAMES, aspectMarks, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
 import type { Mark, MarkList } from "../chart/marks.js";
 import { picture } from "../chart/picture.js";
 import { happenings, readout, signed } from "../chart/readout.js";
@@ -18,6 +18,7 @@ import type { Span } from "../chart/retrograde.js";
 import { strip, stripHeight } from "../chart/strip.js";
 import { strokesOf } from "../chart/strokes.js";
 import { saveCanvas } from "../download.js";
+import { ASPECTS } from "../sky/places.js";
 import { MARK_KINDS, PANES, RETROGRADES, SPACINGS } from "../state.js";
 import type { MarkKind, PaneName } from "../state.js";
 import { table } from "../table.js";
@@ -96,12 +97,11 @@ export function mount(root: HTMLElement, context: Context): View {
   root.append(
     box.root,
     element("div", { class: "controls" },
-      controls.scale.root, controls.unit.root, auto, controls.spacing.root, controls.slope.root, controls.modulo.root,
-      controls.centre.root, controls.prices.root),
-    controls.lines.root,
-    folded("Panes, events, shading, future",
-      controls.panes.root, controls.first.root, controls.second.root, controls.events.root, controls.retro.root,
-      controls.ahead.root, controls.hour.root),
+      controls.scale.root, controls.unit.root, auto, controls.spacing.root, controls.modulo.root, controls.centre.root,
+      controls.retro.root),
+    folded("Bodies, panes, events, future",
+      controls.lines.root, controls.panes.root, controls.first.root, controls.second.root, controls.events.root,
+      controls.slope.root, controls.prices.root, controls.ahead.root, controls.hour.root),
     element("div", { class: "view-title" }, title, words, warning),
     values.root, place,
     element("p", { class: "buttons" },
@@ -138,8 +138,6 @@ export function mount(root: HTMLElement, context: Context): View {
     return body === "none" ? [] : data.retrograde(body).spans;
   }
 
-  const dateless = () => shaded().map((span) => ({ ...span, beginsHere: false, endsHere: false }));
-
   function priceScale(area: Area): PriceScale | null {
     const [high, low] = [candles!.coordinateToPrice(0), candles!.coordinateToPrice(area.height)];
     if (high === null || low === null || !(high > low)) {
@@ -172,7 +170,7 @@ export function mount(root: HTMLElement, context: Context): View {
 
   function furtherPane(which: PaneName): Pane {
     const common = {
-      slotOf: (time: number) => frame!.slotOf(time), date, isBanded: () => false, shaded: dateless,
+      slotOf: (time: number) => frame!.slotOf(time), date, isBanded: () => false, shaded,
     };
     if (which === "angle") {
       const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
@@ -235,7 +233,7 @@ export function mount(root: HTMLElement, context: Context): View {
       onCursor: (_, isKey) => showValues(isKey),
     });
     candles = frame.chart.addSeries(CandlestickSeries, { priceScaleId: "right", lastValueVisible: true, priceLineVisible: false, borderVisible: false }, 0);
-    frame.attach(candles, { isBehind: true, draw: (area) => drawShade(area, { boxes: [] }, shaded(), date) });
+    frame.attach(candles, { isBehind: true, draw: (area) => drawShade(area, shaded()) });
     if (state.scale === "own") {
       frame.addLayer(0, "left", curveLayers({ ...ownPane(), drawn: measured }).left);
     } else {
@@ -253,6 +251,7 @@ export function mount(root: HTMLElement, context: Context): View {
         },
       }));
     }
+    frame.attach(candles, { draw: (area) => drawShadeDates(area, { boxes: [] }, shaded(), date) });
     state.panes.forEach((which, k) => {
       const layers = curveLayers(furtherPane(which));
       frame!.addLayer(k + 1, "left", layers.left);

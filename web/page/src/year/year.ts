@@ -126,8 +126,8 @@ export function mount(root: HTMLElement, context: Context): View {
       element("div", { class: "buttons" },
         element("button", { type: "button", "aria-label": "Earlier", click: () => turn(-1) }, "‹ Earlier"),
         element("button", { type: "button", "aria-label": "Later", click: () => turn(1) }, "Later ›")),
-      years.root, centre.root, modulo.root, curves.root),
-    folded("Bodies, events, shading", bodySet.root, markSet.root, shade.root),
+      years.root, centre.root, modulo.root, curves.root, shade.root),
+    folded("Bodies, events", bodySet.root, markSet.root),
     element("div", { class: "view-title" }, title, words),
     values.root, empty, place,
     element("p", { class: "buttons" },
@@ -166,7 +166,8 @@ export function mount(root: HTMLElement, context: Context): View {
       slotOf: (time) => frame!.slotOf(time),
       date,
       isBanded: () => context.state.shade === "lines",
-      shaded: () => (isFirst ? shaded() : shaded().map((span) => ({ ...span, beginsHere: false, endsHere: false }))),
+      shaded,
+      datedSpans: () => (isFirst ? shaded() : []),
       drawn: isFirst ? measured : undefined,
     };
   }
