@@ -80,6 +80,8 @@ interface Key<T> {
   fallback: T;
   read(text: string): T | undefined;
   write(value: T): string;
+  /** Written also when it is the fallback, which changes from one day to another. */
+  isAlways?: boolean;
 }
 
 type Keys = { [K in Exclude<keyof State, "view">]: Key<State[K]> };
@@ -175,7 +177,7 @@ const KEYS: Keys = {
   latitude: number(["day"], 51.4779, -90, 90),
   longitude: number(["day"], 0, -180, 180),
 
-  from: number(["year"], new Date().getUTCFullYear(), FIRST_YEAR, LAST_YEAR, true),
+  from: { ...number(["year"], new Date().getUTCFullYear(), FIRST_YEAR, LAST_YEAR, true), isAlways: true },
   years: number(["year"], 1, 1, 10, true),
   modulo: choice(["year", "prices"], [360, 90, 45, 30], 360),
   curve: choice(["year"], CURVES, "both"),
@@ -238,7 +240,7 @@ export function encode(state: State): string {
   for (const name of NAMES) {
     const key = KEYS[name] as AnyKey;
     const value = key.write(state[name]);
-    if (key.views.includes(state.view) && value !== key.write(key.fallback)) {
+    if (key.views.includes(state.view) && (key.isAlways || value !== key.write(key.fallback))) {
       // Commas and colons stay readable.
       const safe = encodeURIComponent(value).replace(/%2C/g, ",").replace(/%3A/g, ":").replace(/%20/g, "+");
       parts.push(`${name}=${safe}`);

@@ -47,7 +47,7 @@ test("TheYearHasARowForEachDay", LIMIT, async () => {
       const expected = [0, 1, 2].map((which) => WORDS[found.status[3 * k + which]] ?? clock(found.time[3 * k + which], 0));
       assert.deepEqual(times.slice(0, 3).map((time) => time.replace("24:00", "00:00")), expected, days[k]);
     });
-    assert.match(await page.locator(".readout").textContent(), /2024-06-21: the Sun is up all day/);
+    assert.match(await page.locator(".day-readout").textContent(), /2024-06-21: the Sun is up all day/);
     assert.match(await page.locator(".day-year").textContent(), /up all day from 2024-05-1\d to 2024-07-2\d/);
   });
 });
@@ -88,7 +88,7 @@ test("TheBrowsersPlaceIsTakenAfterAskingAndRefusedInWords", LIMIT, async () => {
 
 test("ArrowsAndClicksChooseADay", LIMIT, async () => {
   await withPage(STOCKHOLM, {}, async (page) => {
-    const readout = page.locator(".readout");
+    const readout = page.locator(".day-readout");
     await page.locator(".day-year figure").focus();
     await page.keyboard.press("ArrowRight");
     assert.match(await readout.textContent(), /^2026-11-22: sunrise 06:5\d, transit 10:3\d, sunset 14:\d\d UTC; daylight 7 h \d+ min$/);

@@ -21,6 +21,7 @@ test("ALinkHoldsWhatItsViewShows", () => {
   assert.equal(encode(state), "#sky?at=2026-11-21T12:30Z&centre=helio&step=month&zone=local");
   assert.deepEqual(decode(encode(state)), { ...state, latitude: initialState().latitude });
   assert.equal(encode(initialState()), "#sky");
+  assert.equal(encode({ ...initialState(), view: "year" }), `#year?from=${new Date().getUTCFullYear()}`);
   assert.equal(encode({ ...initialState(), view: "day", date: "-0044-03-15", latitude: -33.87 }), "#day?date=-0044-03-15&latitude=-33.87");
 });
 

@@ -165,7 +165,7 @@ export function mountDay(root: HTMLElement, context: Context): View {
       moveTo(chosen()[0], 0, 1 + drawn.dayAt(px));
     },
   });
-  const readout = element("p", { class: "readout" });
+  const readout = element("p", { class: "day-readout" });
   const polar = element("p", { class: "quiet" });
   const fileName = () => `zenithor-daylight-${chosen()[0]}`;
 
