@@ -69,6 +69,8 @@ export interface FrameOptions {
   /** Class that says how high the chart is. */
   className: string;
   hasPriceCursor: boolean;
+  /** The price at which the keyboard's cursor stands. */
+  cursorPrice?(slot: number): number;
   /** [px], where the class does not say it. */
   height?: number;
   /** The slot under the cursor changed; by the keyboard where `isKey`. */
@@ -228,7 +230,8 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
       times = given;
       seconds = clock === null ? times.map((time) => time / 1000) : stamps(times, clock);
       cursor = cursor === null ? null : Math.min(cursor, times.length - 1);
-      base ??= chart.addSeries(LineSeries, { ...silent, priceScaleId: "slots" }, 0);
+      // The cursor needs a series that has values everywhere.
+      base ??= chart.addSeries(LineSeries, { ...silent, priceScaleId: "right", autoscaleInfoProvider: () => null }, 0);
       base.setData(Array.from(seconds, (time) => ({ time: time as UTCTimestamp, value: 0.5 })));
     },
     setLook(newTheme, newClock, newTimeShown) {
@@ -274,7 +277,7 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
       if (cursor === null || base === null) {
         chart.clearCrosshairPosition();
       } else {
-        chart.setCrosshairPosition(0.5, frame.stamp(cursor), base);
+        chart.setCrosshairPosition(options.cursorPrice?.(cursor) ?? 0.5, frame.stamp(cursor), base);
       }
     },
     destroy() {

@@ -231,6 +231,7 @@ export function mount(root: HTMLElement, context: Context): View {
       className: "prices-chart", hasPriceCursor: true,
       height: heights.reduce((sum, height) => sum + height, AXIS_HEIGHT),
       onCursor: (_, isKey) => showValues(isKey),
+      cursorPrice: (slot) => data.bars.close[data.slots.bar[slot]!] ?? data.bars.close[data.bars.close.length - 1]!,
     });
     candles = frame.chart.addSeries(CandlestickSeries, { priceScaleId: "right", lastValueVisible: true, priceLineVisible: false, borderVisible: false }, 0);
     frame.attach(candles, { isBehind: true, draw: (area) => drawShade(area, shaded()) });

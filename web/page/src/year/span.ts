@@ -5,6 +5,8 @@ import { FIRST_YEAR, LAST_YEAR } from "../state.js";
 import type { State } from "../state.js";
 
 const DAY_MS = 86400e3;
+// What is answered ends with the year 3999 in dynamical time, some hours from the clock's.
+const LATEST = Date.UTC(LAST_YEAR, 11, 31);
 
 export interface YearSpan {
   from: number;
@@ -22,7 +24,8 @@ export interface YearSpan {
 export function yearSpan(state: Pick<State, "from" | "years">, clock: Clock): YearSpan {
   const first = Math.min(Math.max(state.from, FIRST_YEAR), LAST_YEAR);
   const years = Math.min(state.years, LAST_YEAR + 1 - first);
-  const [from, to] = [clock.at(first, 0, 1), clock.at(first + years, 0, 1)];
+  const from = clock.at(first, 0, 1);
+  const to = Math.min(clock.at(first + years, 0, 1), LATEST);
   const step = years <= 2 ? 1 : years <= 5 ? 2 : 4;
   const times: number[] = [];
   for (let time = from; time < to; time += step * DAY_MS) {

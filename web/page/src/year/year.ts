@@ -7,14 +7,14 @@ import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from 
 import type { Curve, Pane } from "../chart/curves.js";
 import { createFrame } from "../chart/frame.js";
 import type { Frame } from "../chart/frame.js";
-import { MARK_NAMES, bodiesOf, byKind, isMoonTooFast, longitudeField, retrogradeOf, searchLater, searchSteps } from "../chart/marks.js";
+import { MARK_NAMES, bodiesOf, byKind, isMoonTooFast, retrogradeOf, searchLater, searchSteps } from "../chart/marks.js";
 import type { Mark, MarkList } from "../chart/marks.js";
 import { picture } from "../chart/picture.js";
 import { happenings, readout, signed } from "../chart/readout.js";
 import type { Span } from "../chart/retrograde.js";
 import { strip, stripHeight } from "../chart/strip.js";
 import { plainStrokes, strokesOf } from "../chart/strokes.js";
-import { columnsFor, daysOf } from "../chart/values.js";
+import { daysOf } from "../chart/values.js";
 import { saveCanvas } from "../download.js";
 import { FIRST_YEAR, LAST_YEAR, MARK_KINDS, SHADES } from "../state.js";
 import type { MarkKind, State } from "../state.js";
@@ -22,7 +22,8 @@ import { table } from "../table.js";
 import type { Column } from "../table.js";
 import { bar, element } from "../view.js";
 import type { Context, View } from "../view.js";
-import type { BodyName } from "zenithor";
+import { position } from "zenithor";
+import type { BodyName, FieldName } from "zenithor";
 import { yearSpan } from "./span.js";
 import type { YearSpan } from "./span.js";
 
@@ -33,20 +34,42 @@ const SHADE_NAMES: Readonly<Record<string, string>> = { lines: "Along the lines"
 interface Sky {
   span: YearSpan;
   centre: State["centre"];
+  /** Computes several bodies at once, which costs less than one by one. */
+  prepare(bodies: readonly BodyName[]): void;
   values(body: BodyName, field: "longitude" | "declination"): Float64Array;
   retrograde(body: BodyName): { marks: Mark[]; spans: Span[] };
 }
 
 function skyOf(span: YearSpan, centre: State["centre"]): Sky {
-  const columns = columnsFor(daysOf(span.times));
+  const days = daysOf(span.times);
+  const columns = new Map<BodyName, readonly [Float64Array, Float64Array]>();
   const turning = new Map<BodyName, { marks: Mark[]; spans: Span[] }>();
+
+  function compute(bodies: readonly BodyName[]): void {
+    const fields: FieldName[] = centre === "geo" ? ["apparent_longitude", "declination"] : ["helio_longitude"];
+    const width = bodies.length * fields.length;
+    const found = position(bodies, days, fields);
+    bodies.forEach((body, b) => {
+      const one = (f: number) => days.map((_, k) => (f < fields.length ? found[k * width + b * fields.length + f]! : NaN));
+      columns.set(body, [one(0), one(1)]);
+    });
+  }
+
   return {
     span,
     centre,
+    prepare(bodies) {
+      const missing = bodies.filter((body) => !columns.has(body));
+      if (missing.length > 0) {
+        compute(missing);
+      }
+    },
     values(body, field) {
-      const column = columns(body, field === "longitude" ? longitudeField(centre) : "declination");
-      column.fill(0, span.times.length - 1, 1);
-      return column.values;
+      if (!columns.has(body)) {
+        compute([body]);
+      }
+      const both = columns.get(body)!;
+      return both[field === "longitude" ? 0 : 1];
     },
     retrograde(body) {
       let found = turning.get(body);
@@ -313,6 +336,7 @@ export function mount(root: HTMLElement, context: Context): View {
       sky = skyOf(yearSpan(state, clock), state.centre);
     }
     const { span } = sky!;
+    sky!.prepare(bodies());
     const newCurves = [skyKey, state.modulo, bodies(), curve()].join();
     if (newCurves !== curvesKey) {
       curvesKey = newCurves;
