@@ -72,7 +72,7 @@ function ring(frame: Frame, theme: Theme): SVGGElement {
   for (let degree = 0; degree < 360; degree += 5) {
     const isSign = degree % 30 === 0;
     const length = isSign ? frame.outer - frame.inner : degree % 10 === 0 ? 8 : 4;
-    group.append(line(frame, degree, frame.inner, frame.inner + length, isSign ? colours.quiet : colours.rule));
+    group.append(line(frame, degree, frame.inner, frame.inner + length, colours.quiet, isSign ? 1 : 0.5));
   }
   SIGNS.forEach(({ short }, k) => group.append(label(frame, short, 30 * k + 15, (frame.outer + frame.inner) / 2 + 2, 14, colours.text)));
   return group;
