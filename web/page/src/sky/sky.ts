@@ -42,8 +42,8 @@ const ASPECT_COLUMNS: readonly Column<AspectNow>[] = [
 ];
 
 const FRAMES = {
-  geo: { title: "Geocentric sky", frame: "Apparent geocentric places, true equinox of date; R: retrograde" },
-  helio: { title: "Heliocentric sky", frame: "Heliocentric places, true equinox of date" },
+  geo: { title: "Geocentric sky", frame: "Apparent, true equinox of date; R: retrograde" },
+  helio: { title: "Heliocentric sky", frame: "True equinox of date" },
 } as const;
 
 // So often does play go one step on [ms].

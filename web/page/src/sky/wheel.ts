@@ -10,6 +10,8 @@ import type { GeocentricPlace, Place } from "./places.js";
 import { spread } from "./spread.js";
 
 const TOP = 48;
+// Between the signs of two aspects' lines; a line whose sign would come nearer has none.
+const LEAST_ROOM = 12;
 
 /** Centre and radii of a wheel [px], all from its width. */
 interface Frame {
@@ -84,9 +86,20 @@ function words(place: Place): string {
     (isRetrograde ? ", retrograde" : "");
 }
 
+/** Where on a line its sign lies: the nearest to the middle that is free of the others, else the freest. */
+function freeSpot(a: { x: number; y: number }, b: { x: number; y: number }, taken: readonly { x: number; y: number }[]) {
+  const spots = [0.5, 0.42, 0.58, 0.34, 0.66, 0.26, 0.74].map((part) => {
+    const [x, y] = [a.x + part * (b.x - a.x), a.y + part * (b.y - a.y)];
+    return { x, y, room: Math.min(20, ...taken.map((other) => Math.hypot(other.x - x, other.y - y))) };
+  });
+  return spots.reduce((best, spot) => (spot.room > best.room ? spot : best));
+}
+
 function geocentric(frame: Frame, places: readonly GeocentricPlace[], theme: Theme): SVGGElement {
   const colours = COLOURS[theme];
   const group = svg("g");
+  const signs = svg("g");
+  const taken: { x: number; y: number }[] = [];
   for (const { first, second, aspect } of aspectsNow(places)) {
     if (aspect.angle !== 0) {
       const stroke = line(frame, first.longitude, frame.lines, frame.lines, colours.quiet, 1, second.longitude);
@@ -94,8 +107,13 @@ function geocentric(frame: Frame, places: readonly GeocentricPlace[], theme: The
         stroke.setAttribute("stroke-dasharray", aspect.dash);
       }
       const [a, b] = [point(frame, first.longitude, frame.lines), point(frame, second.longitude, frame.lines)];
-      const [x, y] = [a.x + 0.42 * (b.x - a.x), a.y + 0.42 * (b.y - a.y)];
-      group.append(stroke,
+      group.append(stroke);
+      const { x, y, room } = freeSpot(a, b, taken);
+      if (room < LEAST_ROOM) {
+        continue;
+      }
+      taken.push({ x, y });
+      signs.append(
         svg("circle", { cx: rounded(x), cy: rounded(y), r: 9, fill: colours.background }),
         svg("text", {
           x: rounded(x), y: rounded(y), "text-anchor": "middle", "dominant-baseline": "central", "font-family": FONT,
@@ -103,7 +121,7 @@ function geocentric(frame: Frame, places: readonly GeocentricPlace[], theme: The
         }, aspect.glyph));
     }
   }
-  group.append(label(frame, BODY_LOOKS.earth.glyph, 0, 0, 20, bodyColour("earth", theme)));
+  group.append(signs, label(frame, BODY_LOOKS.earth.glyph, 0, 0, 20, bodyColour("earth", theme)));
   const at = spread(places.map(({ longitude }) => longitude), (34 / frame.glyphs) * (180 / Math.PI));
   places.forEach((place, k) => {
     const colour = bodyColour(place.body, theme);
