@@ -71,12 +71,24 @@ test("EventsAreTheLibrarys", LIMIT, async () => {
   await withPage("#prices?events=stations,aspects&lines=mars,jupiter&retro=mercury&ahead=30", {}, async (page) => {
     await settled(page);
     await page.locator("td", { hasText: "turns" }).first().waitFor();
-    const rows = await tableOf(page, "table:has(caption:has-text('Events from'))");
+    const rows = await tableOf(page, "table:has(caption:has-text('Events, the latest'))");
     const sample = sampleBars();
     const [from, to] = [new Date(sample.time[0]), new Date(Date.UTC(2026, 1, 6) + 1)];
     const expected = stations(["mercury", "mars", "jupiter"], from, to).body.length +
       aspects("mars", "jupiter", [0, 60, 90, 120, 180], from, to).angle.length;
     assert.equal(rows.length - 1, expected);
+  });
+});
+
+test("TheReadoutHasTheLineNextToTheClose", LIMIT, async () => {
+  await withPage("#prices?lines=mars&unit=2&spacing=90", {}, async (page) => {
+    await settled(page);
+    const sample = sampleBars();
+    const last = sample.time.length - 1;
+    const longitude = position("mars", new Date(sample.time[last]));
+    const lines = Array.from({ length: 40 }, (_, k) => 2 * (longitude + 90 * (k - 10)));
+    const nearest = lines.sort((a, b) => Math.abs(a - sample.close[last]) - Math.abs(b - sample.close[last]))[0];
+    assert.ok((await page.locator(".readout").textContent()).includes(`line ${nearest.toFixed(2)}`));
   });
 });
 
@@ -170,6 +182,19 @@ test("DatesThatCanBeReadTwoWaysAreAskedFor", LIMIT, async () => {
     assert.equal((await bars(page))[1][0], "2026-01-05");
     await page.getByLabel("Dates").selectOption("day");
     await status(page).getByText("1 bar read, 2026-05-01 to 2026-05-01").waitFor();
+  });
+});
+
+test("YearlyBarsOfTwoThousandYearsEndWithWhatIsAnswered", LIMIT, async () => {
+  const lines = Array.from({ length: 2400 }, (_, k) => `${String(1500 + k).padStart(4, "0")}-01-01,${k + 1}.5`);
+  await withPage("#prices?ahead=2000&lines=saturn&events=phases,stations,aspects", {}, async (page) => {
+    await settled(page);
+    await choose(page, "ages.csv", lines.join("\n"));
+    await page.getByText("ages.csv and the sky").waitFor();
+    await page.locator("caption", { hasText: "of the last 150 years" }).waitFor();
+    await page.locator(".chart").focus();
+    await page.keyboard.press("End");
+    assert.match(await page.locator(".readout .when").textContent(), /3999-01-01.*beyond the last bar/);
   });
 });
 

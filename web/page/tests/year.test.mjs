@@ -72,6 +72,16 @@ test("SeenFromTheSunTheEarthStandsInTheSunsPlace", LIMIT, async () => {
   });
 });
 
+test("TimesAreThoseOfTheChosenZone", LIMIT, async () => {
+  await withPage("#year?from=2026&zone=local&bodies=sun", {}, async (page) => {
+    await settled(page);
+    const [head, row] = await positions(page);
+    assert.match(head[0], /Europe\/Stockholm/);
+    assert.deepEqual(row.slice(0, 2), ["2026-01-01 00:00", position("sun", utc("2025-12-31 23:00")).toFixed(4)]);
+    assert.match(await page.locator(".view-title").textContent(), /Times in Europe\/Stockholm/);
+  });
+});
+
 test("ArrowKeysShowTheValuesOfAMomentInOnePlace", LIMIT, async () => {
   await withPage("#year?from=2026&bodies=sun,mars", {}, async (page) => {
     await settled(page);

@@ -16,6 +16,8 @@ export interface Curve {
   strokes: readonly Stroke[];
   spans: readonly Span[];
   stations: readonly Mark[];
+  /** In place of the body's name. */
+  label?: string;
 }
 
 export interface Pane {
@@ -24,8 +26,8 @@ export interface Pane {
   /** The values at the bottom and at the top. */
   range(curves: readonly Curve[]): readonly [number, number];
   ticks(range: readonly [number, number]): readonly Tick[];
-  /** Said in the upper left corner. */
-  title?: string;
+  /** Said in the upper left corner; the shorter one where there is no room. */
+  titles?: readonly [string, string];
   /** The place of a moment along the axis. */
   slotOf(time: number): number;
   date(time: number): string;
@@ -41,6 +43,8 @@ export interface Pane {
 }
 
 const MARGIN = 8;
+// More dates than that would hide the lines; closer in they are seen.
+const MOST_DATES = 45;
 
 export function longitudeTicks(modulo: number): Tick[] {
   const step = modulo === 360 ? 30 : modulo === 90 ? 15 : 5;
@@ -112,14 +116,12 @@ export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
           drawShadeDates(area, taken, pane.datedSpans?.() ?? [], pane.date);
         }
         pen.save();
-        for (const [left, top, station] of pane.isBanded() ? dated : []) {
+        for (const [left, top, station] of pane.isBanded() && dated.length <= MOST_DATES ? dated : []) {
           const places: [number, number][] = [[left, top - 14], [left, top + 14], [left - 26, top - 12], [left + 26, top + 12]];
           drawText(area, taken, pane.date(station.time), places, area.colours.quiet);
         }
         pen.restore();
-        if (pane.title !== undefined) {
-          drawText(area, taken, pane.title, [[6, 10]], area.colours.quiet, "left");
-        }
+        pane.titles?.some((title) => drawText(area, taken, title, [[6, 10]], area.colours.quiet, "left"));
         if (pane.hasInnerNames) {
           const ends = curves.map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) }));
           drawInnerNames(area, ends.filter((end) => Number.isFinite(end.y)));
@@ -135,7 +137,7 @@ export function curveLayers(pane: Pane): { left: Layer; right: Layer } {
       draw() {},
       axis(area) {
         const { curves, y } = parts(area);
-        drawEndLabels(area, curves.map(({ body, strokes }) => ({ body, y: y(valueAt(strokes, area.right)) })));
+        drawEndLabels(area, curves.map(({ body, strokes, label }) => ({ body, y: y(valueAt(strokes, area.right)), text: label })));
       },
     },
   };

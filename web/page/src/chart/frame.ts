@@ -57,6 +57,8 @@ export interface Frame {
   /** The place of a moment along the axis; between slots, and beyond the ends in steps of the ends. */
   slotOf(time: number): number;
   showSlots(from: number, to: number): void;
+  /** Everything, with room for the labels of the axis at its ends. */
+  showAll(): void;
   /** The slots that are seen. */
   range(): [number, number];
   setCursor(slot: number | null): void;
@@ -80,6 +82,8 @@ export interface FrameOptions {
 
 const HELP = "Arrow keys move the cursor, with Shift by ten; + and - zoom, Page Up and Page Down move along, Home and End go to the ends, 0 shows everything.";
 const SIDE_WIDTH = { left: 64, right: 84 };
+// Half a label of the axis [px].
+const AXIS_ROOM = 18;
 
 let helps = 0;
 
@@ -268,6 +272,11 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     redraw: () => updates.forEach((update) => update()),
     slotOf: (time) => slotAmong(times, time),
     showSlots: (from, to) => chart.timeScale().setVisibleLogicalRange({ from, to }),
+    showAll() {
+      const panes = Math.max(host.clientWidth - SIDE_WIDTH.left - SIDE_WIDTH.right, 100);
+      const margin = 0.5 + (times.length * AXIS_ROOM) / panes;
+      frame.showSlots(-margin, times.length - 1 + margin);
+    },
     range() {
       const seen = chart.timeScale().getVisibleLogicalRange();
       return seen === null ? [0, Math.max(times.length - 1, 1)] : [seen.from, seen.to];
@@ -333,7 +342,7 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
       "+": () => zoom(0.7),
       "=": () => zoom(0.7),
       "-": () => zoom(1 / 0.7),
-      "0": () => frame.showSlots(-0.5, times.length - 0.5),
+      "0": () => frame.showAll(),
       Escape: () => frame.setCursor(null),
     };
     const act = keys[event.key];

@@ -207,17 +207,23 @@ export function drawEndLabels(area: Area, labels: readonly EndLabel[], left = 0)
   });
 }
 
-/** Names at the ends of lines inside a pane whose axis is that of the prices: one for each line where there
- * is room, else one for each body. */
+// Above the names stand the dates of the shades; more names than these would hide the lines.
+const DATES_HEIGHT = 36;
+const MOST_NAMES = 20;
+
+/** Names at the ends of lines inside a pane whose axis is that of the prices: one for each line while they
+ * are few, else one for each body, at the line nearest to the middle. */
 export function drawInnerNames(area: Area, names: readonly { body: BodyName; y: number }[]): void {
   const { pen, width, height, colours, theme } = area;
   const row = 15;
-  const few = names.length * row <= height - 20
-    ? names : names.filter(({ body }, k) => names.findIndex((other) => other.body === body) === k);
-  const places = movedApart(few.map(({ y }) => y - 9), row, height);
+  const room = height - DATES_HEIGHT;
+  const off = ({ y }: { y: number }) => Math.abs(y - height / 2);
+  const few = names.length <= Math.min(MOST_NAMES, room / row)
+    ? names : names.filter((name) => !names.some((other) => other.body === name.body && off(other) < off(name)));
+  const places = movedApart(few.map(({ y }) => y - 9 - DATES_HEIGHT), row, room);
   few.forEach(({ body }, k) => {
     const { name, glyph } = BODY_LOOKS[body];
-    const y = Math.min(Math.max(places[k]!, 8), height - 8);
+    const y = Math.min(places[k]! + DATES_HEIGHT, height - 8);
     const nameWidth = pen.measureText(name).width;
     drawText(area, { boxes: [] }, name, [[width - 4, y]], colours.text, "right");
     drawText(area, { boxes: [] }, glyph, [[width - 8 - nameWidth, y]], bodyColour(body, theme), "right");

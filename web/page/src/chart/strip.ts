@@ -10,6 +10,8 @@ import type { Mark, MarkList } from "./marks.js";
 import type { MarkKind } from "../state.js";
 
 const ROW = 20;
+// So far apart phases have to lie for any to be drawn [px].
+const FEWEST = 2.8;
 
 const ROW_NAMES: Readonly<Record<MarkKind, string>> = {
   phases: "Phases", eclipses: "Eclipses", seasons: "Seasons", ingresses: "Signs", aspects: "Aspects", stations: "Stations",
@@ -92,13 +94,19 @@ export function strip(
         if (kind === "phases") {
           // Discs that would touch: quarters go first, then all but the new Moons.
           const spacing = all.length > 1 ? (all[all.length - 1]![1] - all[0]![1]) / (all.length - 1) : 100;
+          if (spacing < FEWEST) {
+            drawText(area, taken, "closer in", [[area.width / 2, y]], colours.quiet);
+          }
           for (const [mark, x] of all) {
             const isHalf = mark.event!.endsWith("quarter");
-            if (spacing >= 11 || (!isHalf && spacing >= 5.5) || (mark.event === "new_moon" && spacing >= 2.8)) {
+            if (spacing >= 11 || (!isHalf && spacing >= 5.5) || (mark.event === "new_moon" && spacing >= FEWEST)) {
               drawPhase(area, mark.event!, x, y);
             }
           }
           return;
+        }
+        if (kind === "seasons") {
+          taken.boxes.push(...all.map(([, x]): [number, number, number, number] => [x, y - 1, x + 1, y + 1]));
         }
         for (const [mark, x] of all) {
           if (kind === "eclipses") {

@@ -15,6 +15,10 @@ import { angleBetween, skyAt } from "./sky.js";
 import type { Sky } from "./sky.js";
 
 const HOUR_MS = 3600e3;
+// What is answered ends with the year 3999.
+const LATEST = Date.UTC(3999, 11, 31);
+/** Events are searched in so many years at the most, the last ones. */
+export const MOST_YEARS = 150;
 
 export interface ChartData {
   bars: Bars;
@@ -25,6 +29,9 @@ export interface ChartData {
   /** The most digits behind the point that the prices have. */
   digits: number;
   isPositive: boolean;
+  /** The span in which events are searched. */
+  from: number;
+  to: number;
   retrograde(body: BodyName): { marks: Mark[]; spans: Span[] };
 }
 
@@ -41,22 +48,29 @@ function digitsOf(bars: Bars): number {
   return digits;
 }
 
+/** The places up to the end of the years that are answered. */
+function answered({ time, bar, last }: Slots): Slots {
+  const size = time.findIndex((one) => one > LATEST);
+  return size < 0 ? { time, bar, last } : { time: time.slice(0, size), bar: bar.slice(0, size), last: Math.min(last, size - 1) };
+}
+
 /** Daily and longer bars stand for their date at the given hour of UTC. */
 export function chartData(bars: Bars, ahead: number, hour: number): ChartData {
   const isDaily = cadenceOf(bars.time).kind !== "within a day";
-  const slots = slotsOf(bars.time, ahead);
+  const slots = answered(slotsOf(bars.time, ahead));
   const times = isDaily ? slots.time.map((time) => time + Math.min(hour, 23.99) * HOUR_MS) : slots.time;
   const turning = new Map<BodyName, { marks: Mark[]; spans: Span[] }>();
   const to = times[times.length - 1]! + 1;
+  const from = Math.max(times[0]!, to - MOST_YEARS * 365.25 * 24 * HOUR_MS);
   return {
-    bars, slots, isDaily,
+    bars, slots, isDaily, from, to,
     sky: skyAt(times),
     digits: digitsOf(bars),
     isPositive: bars.low.every((price) => price > 0),
     retrograde(body) {
       let found = turning.get(body);
       if (found === undefined) {
-        found = retrogradeOf(body, times[0]!, to);
+        found = retrogradeOf(body, from, to);
         turning.set(body, found);
       }
       return found;

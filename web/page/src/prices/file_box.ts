@@ -79,7 +79,7 @@ export function fileBox(target: HTMLElement, context: Context, onChange: () => v
   function say(): void {
     const reading = chosen?.reading;
     sampleButton.hidden = shown.isSample && chosen === null;
-    again.hidden = reading === undefined;
+    again.hidden = reading === undefined || (!reading.isGood && reading.left.length === 0);
     order.select.value = chosen?.options.order ?? "";
     mark.select.value = chosen?.options.mark ?? "";
     const lines = reading === undefined ? [] : reading.isGood ? reading.file.left : reading.left;

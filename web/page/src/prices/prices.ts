@@ -26,7 +26,7 @@ import type { Column } from "../table.js";
 import { COLOURS, bar, element } from "../view.js";
 import type { Context, View } from "../view.js";
 import type { BodyName } from "zenithor";
-import { angleStrokes, axisClock, chartData, paneStrokes, priceRange } from "./data.js";
+import { MOST_YEARS, angleStrokes, axisClock, chartData, paneStrokes, priceRange } from "./data.js";
 import type { ChartData } from "./data.js";
 import { nearestLine, suggestedUnit } from "./family.js";
 import type { Family } from "./family.js";
@@ -105,7 +105,7 @@ export function mount(root: HTMLElement, context: Context): View {
     element("div", { class: "view-title" }, title, words, warning),
     values.root, place,
     element("p", { class: "buttons" },
-      element("button", { type: "button", click: () => frame?.showSlots(-0.5, frame.times.length - 0.5) }, "Show all"),
+      element("button", { type: "button", click: () => frame?.showAll() }, "Show all"),
       element("button", { type: "button", click: () => showLatest() }, "Latest bars"),
       element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
     barTable.root, eventTable.root);
@@ -176,9 +176,12 @@ export function mount(root: HTMLElement, context: Context): View {
       const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
       return {
         ...common,
-        title: `Angle ${BODY_LOOKS[first].name} to ${BODY_LOOKS[second].name}, circles: aspects`,
+        titles: [
+          `Angle ${BODY_LOOKS[first].name} to ${BODY_LOOKS[second].name}; circles: exact aspects`,
+          `Angle ${BODY_LOOKS[first].glyph} ${BODY_LOOKS[second].glyph}`,
+        ],
         curves: (area) => [{
-          body: first, spans: [], stations: exactAspects(),
+          body: first, label: `${BODY_LOOKS[second].glyph} angle`, spans: [], stations: exactAspects(),
           strokes: angleStrokes(data, first, second, context.state.centre, area.first, area.last),
         }],
         range: () => [0, 180],
@@ -188,10 +191,10 @@ export function mount(root: HTMLElement, context: Context): View {
     const curves = (area: Area): Curve[] => context.state.lines.map((body) =>
       ({ body, strokes: paneStrokes(data, which, body, area.first, area.last), spans: [], stations: [] }));
     if (which === "declination") {
-      return { ...common, title: "Declination, apparent, geocentric", curves, range: declinationRange, ticks: declinationTicks };
+      return { ...common, titles: ["Declination, apparent, geocentric", "Declination"], curves, range: declinationRange, ticks: declinationTicks };
     }
     return {
-      ...common, curves, title: "Daily motion in longitude, apparent, geocentric",
+      ...common, curves, titles: ["Daily motion in longitude, apparent, geocentric", "Daily motion"],
       range(drawn) {
         const all = drawn.flatMap(({ strokes }) => strokes.flatMap(({ y }) => y));
         const [low, high] = [all.reduce((a, b) => Math.min(a, b), 0), all.reduce((a, b) => Math.max(a, b), 0)];
@@ -204,11 +207,9 @@ export function mount(root: HTMLElement, context: Context): View {
   /** The exact aspects of the two bodies of the angle's pane. */
   function exactAspects(): Mark[] {
     const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
-    const { times } = data.sky;
     const key = [first, second, context.state.centre, dataKey].join();
     if (exact.key !== key) {
-      const span = [times[0]!, times[times.length - 1]! + 1] as const;
-      exact = { key, marks: first === second ? [] : aspectMarks(first, [second], ...span, context.state.centre) };
+      exact = { key, marks: first === second ? [] : aspectMarks(first, [second], data.from, data.to, context.state.centre) };
     }
     return exact.marks;
   }
@@ -310,7 +311,7 @@ export function mount(root: HTMLElement, context: Context): View {
       const longitude = sky.value(body, field, slot);
       const cells = [`${longitude.toFixed(2)}°`, zodiac(longitude)];
       if (state.scale === "price") {
-        cells.push(nearestLine(longitude, price, family).price.toFixed(digits));
+        cells.push(`line ${nearestLine(longitude, price, family).price.toFixed(Math.max(digits, 2))}`);
       }
       if (state.panes.includes("declination")) {
         cells.push(`${signed(sky.value(listed, "declination", slot), 2)}°`);
@@ -350,8 +351,7 @@ export function mount(root: HTMLElement, context: Context): View {
     marksKey = key;
     stopSearch();
     lists = new Map();
-    const { times } = data.sky;
-    const [from, to] = [times[0]!, times[times.length - 1]! + 1];
+    const { from, to } = data;
     const turning = new Set<BodyName>([...(state.centre === "geo" ? bodies() : []), ...(state.retro === "none" ? [] : [state.retro])]);
     function* steps(): Generator<Mark[]> {
       if (kinds().includes("stations")) {
@@ -413,7 +413,8 @@ export function mount(root: HTMLElement, context: Context): View {
       { head: "Kind", value: ({ kind }) => MARK_NAMES[kind] },
     ]);
     const marks = [...lists.values()].flatMap((one) => one.marks).sort((a, b) => b.time - a.time);
-    eventTable.show(marks, "Events from the last bar's future back to the first bar.");
+    const isCut = data.from > sky.times[0]!;
+    eventTable.show(marks, `Events, the latest first${isCut ? `, of the last ${MOST_YEARS} years` : ""}.`);
   }
 
   function tablesLater(): void {
@@ -439,7 +440,7 @@ export function mount(root: HTMLElement, context: Context): View {
     title.textContent = `${prices.name} and the sky`;
     const sample = prices.isSample ? `${SAMPLE_NOTE} ` : "";
     const lines = state.scale === "price"
-      ? `Lines: ${family.unit} a degree, ${family.spacing}° apart${family.isMirrored ? ", falling" : ""}.`
+      ? `Lines: ${family.unit} a degree, ${family.spacing}° apart${family.isMirrored ? ", falling" : ""}; with each body the line next to the close.`
       : `Lines: scale on the left, modulo ${state.modulo}°.`;
     const shade = state.retro === "none" ? "" : ` Shaded: ${bodyLabel(state.retro)} retrograde.`;
     words.textContent = `${sample}${skyWords()} ${lines}${shade}`;

@@ -142,7 +142,6 @@ export function mount(root: HTMLElement, context: Context): View {
   const happened = table<Mark>([], {
     caption: "Events", file: "zenithor-year-events", most: 60, empty: "Nothing of the chosen kinds happens in this span.",
   });
-  const shownSlots = (from: number, to: number) => frame?.showSlots(from, to);
   root.append(
     element("div", { class: "controls" },
       element("label", {}, element("span", {}, "Year"), yearInput),
@@ -154,7 +153,7 @@ export function mount(root: HTMLElement, context: Context): View {
     element("div", { class: "view-title" }, title, words),
     values.root, empty, place,
     element("p", { class: "buttons" },
-      element("button", { type: "button", click: () => shownSlots(-0.5, (sky?.span.times.length ?? 1) - 0.5) }, "Show all"),
+      element("button", { type: "button", click: () => frame?.showAll() }, "Show all"),
       element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
     happened.root, positions.root);
 
@@ -209,7 +208,7 @@ export function mount(root: HTMLElement, context: Context): View {
     if (frame !== null && key === frameKey) {
       return;
     }
-    const [from, to] = frame === null ? [-0.5, sky!.span.times.length - 0.5] : frame.range();
+    const seen = frame?.range() ?? null;
     frame?.destroy();
     frameKey = key;
     frame = createFrame(place, {
@@ -232,7 +231,11 @@ export function mount(root: HTMLElement, context: Context): View {
     frame.setTimes(sky!.span.times);
     const share = panes.length === 2 ? [0.66, 0.34] : [1];
     frame.chart.panes().forEach((pane, k) => pane.setStretchFactor(k < panes.length ? share[k]! * (all - low) : low));
-    frame.showSlots(from, to);
+    if (seen === null) {
+      frame.showAll();
+    } else {
+      frame.showSlots(...seen);
+    }
   }
 
   function showValues(isKey: boolean): void {
@@ -366,8 +369,11 @@ export function mount(root: HTMLElement, context: Context): View {
       const [from, to] = frame!.range();
       const isWhole = from <= 0.5 && to >= frame!.times.length - 1.5;
       frame!.setTimes(span.times);
-      const isOutside = isWhole || to > span.times.length;
-      frame!.showSlots(isOutside ? -0.5 : from, isOutside ? span.times.length - 0.5 : to);
+      if (isWhole || to > span.times.length) {
+        frame!.showAll();
+      } else {
+        frame!.showSlots(from, to);
+      }
     }
     frame!.setLook(theme, clock, false);
     showValues(false);
