@@ -5,35 +5,35 @@ import { CandlestickSeries, PriceScaleMode } from "lightweight-charts";
 import type { ISeriesApi } from "lightweight-charts";
 import { BODY_LOOKS, GEOCENTRIC, bodyLabel, zodiac } from "../bodies.js";
 import { bodyChecks, checks, folded, list, numberField } from "../chart/controls.js";
-import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from "../chart/curves.js";
-import type { Curve, Pane } from "../chart/curves.js";
+import { curveLayers } from "../chart/curves.js";
+import { eventTable } from "../chart/event_table.js";
 import { createFrame } from "../chart/frame.js";
-import type { Area, Frame } from "../chart/frame.js";
-import { drawShade, drawShadeDates, roundTicks } from "../chart/lines.js";
-import { MARK_NAMES, aspectMarks, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
+import type { Frame } from "../chart/frame.js";
+import { drawShade, drawShadeDates } from "../chart/lines.js";
+import { MARK_NAMES, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
 import type { Mark, MarkList } from "../chart/marks.js";
 import { picture } from "../chart/picture.js";
 import { happenings, readout, signed } from "../chart/readout.js";
 import type { Span } from "../chart/retrograde.js";
 import { strip, stripHeight } from "../chart/strip.js";
-import { strokesOf } from "../chart/strokes.js";
 import { saveCanvas } from "../download.js";
-import { ASPECTS } from "../sky/places.js";
 import { MARK_KINDS, PANES, RETROGRADES, SPACINGS } from "../state.js";
 import type { MarkKind, PaneName } from "../state.js";
 import { table } from "../table.js";
-import type { Column } from "../table.js";
 import { COLOURS, bar, element } from "../view.js";
 import type { Context, View } from "../view.js";
 import type { BodyName } from "zenithor";
-import { MOST_YEARS, angleStrokes, axisClock, chartData, paneStrokes, priceRange } from "./data.js";
+import { MOST_YEARS, axisClock, chartData, priceRange } from "./data.js";
 import type { ChartData } from "./data.js";
 import { nearestLine, suggestedUnit } from "./family.js";
 import type { Family } from "./family.js";
 import { fileBox, shownPrices } from "./file_box.js";
 import { overlay } from "./overlay.js";
-import type { PriceScale } from "./overlay.js";
+import { angleAt, furtherPane, ownPane, priceScaleOf } from "./panes.js";
+import type { Common, Source } from "./panes.js";
 import { SAMPLE_NOTE } from "./sample.js";
+import { barColumns } from "./tables.js";
+import type { BarRow } from "./tables.js";
 
 const PANE_NAMES: Readonly<Record<PaneName, string>> = { declination: "Declination", motion: "Daily motion", angle: "Angle" };
 const MAIN_HEIGHT = { wide: 460, narrow: 380 };
@@ -41,10 +41,6 @@ const PANE_HEIGHT = 130;
 const AXIS_HEIGHT = 28;
 const BARS_SHOWN = 250;
 const MONTHS = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
-
-interface Row {
-  slot: number;
-}
 
 export function mount(root: HTMLElement, context: Context): View {
   let data: ChartData = chartData(shownPrices().bars, context.state.ahead, context.state.hour);
@@ -57,7 +53,6 @@ export function mount(root: HTMLElement, context: Context): View {
   let tableTimer = 0;
   let stopSearch = () => {};
   let lists: ReadonlyMap<MarkKind, MarkList> = new Map();
-  let exact: { key: string; marks: Mark[] } = { key: "", marks: [] };
   let family: Family = { unit: 1, spacing: 90, isMirrored: false };
   let tooMany = "";
   let started = 0;
@@ -65,7 +60,15 @@ export function mount(root: HTMLElement, context: Context): View {
 
   const bodies = (): BodyName[] => bodiesOf(context.state.lines, context.state.centre);
   const kinds = (): readonly MarkKind[] => context.state.events;
-  const bodyAsSeen = (body: BodyName): BodyName => bodyOf(body, context.state.centre) ?? "earth";
+  const source: Source = {
+    get data() {
+      return data;
+    },
+    get state() {
+      return context.state;
+    },
+  };
+  const common: Common = { slotOf: (time) => frame!.slotOf(time), date, isBanded: () => false, shaded };
 
   const controls = {
     centre: bar(context, "centre", "Seen from", { geo: "Earth", helio: "Sun" }),
@@ -91,8 +94,8 @@ export function mount(root: HTMLElement, context: Context): View {
   const warning = element("p", { class: "warning", role: "status" });
   const values = readout();
   const place = element("div");
-  const barTable = table<Row>([], { caption: "Bars", file: "zenithor-prices", most: 40 });
-  const eventTable = table<Mark>([], { caption: "Events", file: "zenithor-prices-events", most: 40, empty: "Nothing of the chosen kinds happens in this span." });
+  const barTable = table<BarRow>([], { caption: "Bars", file: "zenithor-prices", most: 40 });
+  const happened = eventTable("zenithor-prices-events");
   const auto = element("button", { type: "button", click: () => context.setState({ unit: 0 }) }, "Fit to the prices");
   root.append(
     box.root,
@@ -108,7 +111,7 @@ export function mount(root: HTMLElement, context: Context): View {
       element("button", { type: "button", click: () => frame?.showAll() }, "Show all"),
       element("button", { type: "button", click: () => showLatest() }, "Latest bars"),
       element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
-    barTable.root, eventTable.root);
+    barTable.root, happened.root);
 
   async function savePicture(): Promise<void> {
     if (frame === null) {
@@ -138,82 +141,6 @@ export function mount(root: HTMLElement, context: Context): View {
     return body === "none" ? [] : data.retrograde(body).spans;
   }
 
-  function priceScale(area: Area): PriceScale | null {
-    const [high, low] = [candles!.coordinateToPrice(0), candles!.coordinateToPrice(area.height)];
-    if (high === null || low === null || !(high > low)) {
-      return null;
-    }
-    const isLog = candles!.priceScale().options().mode === PriceScaleMode.Logarithmic;
-    return {
-      low, high,
-      y: isLog
-        ? (price) => (price > 0 ? candles!.priceToCoordinate(price) ?? NaN : NaN)
-        : (price) => ((high - price) / (high - low)) * area.height,
-    };
-  }
-
-  /** The pane of the longitudes on a scale of their own. */
-  function ownPane(): Pane {
-    const places = (area: Area, body: BodyName): Curve => {
-      const { x, value } = data.sky.points(body, longitudeField(context.state.centre), area.first, area.last);
-      return { body, strokes: strokesOf(x, value, context.state.modulo), spans: [], stations: [] };
-    };
-    return {
-      isBehind: true, hasInnerNames: true,
-      curves: (area) => bodies().map((body) => places(area, body)),
-      range: () => [0, context.state.modulo],
-      ticks: () => longitudeTicks(context.state.modulo),
-      slotOf: (time) => frame!.slotOf(time),
-      date, isBanded: () => false, shaded: () => [],
-    };
-  }
-
-  function furtherPane(which: PaneName): Pane {
-    const common = {
-      slotOf: (time: number) => frame!.slotOf(time), date, isBanded: () => false, shaded,
-    };
-    if (which === "angle") {
-      const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
-      return {
-        ...common,
-        titles: [
-          `Angle ${BODY_LOOKS[first].name} to ${BODY_LOOKS[second].name}; circles: exact aspects`,
-          `Angle ${BODY_LOOKS[first].glyph} ${BODY_LOOKS[second].glyph}`,
-        ],
-        curves: (area) => [{
-          body: first, label: `${BODY_LOOKS[second].glyph} angle`, spans: [], stations: exactAspects(),
-          strokes: angleStrokes(data, first, second, context.state.centre, area.first, area.last),
-        }],
-        range: () => [0, 180],
-        ticks: () => ASPECTS.map(({ angle, glyph }) => ({ value: angle, text: `${glyph} ${angle}°` })),
-      };
-    }
-    const curves = (area: Area): Curve[] => context.state.lines.map((body) =>
-      ({ body, strokes: paneStrokes(data, which, body, area.first, area.last), spans: [], stations: [] }));
-    if (which === "declination") {
-      return { ...common, titles: ["Declination, apparent, geocentric", "Declination"], curves, range: declinationRange, ticks: declinationTicks };
-    }
-    return {
-      ...common, curves, titles: ["Daily motion in longitude, apparent, geocentric", "Daily motion"],
-      range(drawn) {
-        const all = drawn.flatMap(({ strokes }) => strokes.flatMap(({ y }) => y));
-        const [low, high] = [all.reduce((a, b) => Math.min(a, b), 0), all.reduce((a, b) => Math.max(a, b), 0)];
-        return high > low ? [low, high] : [-1, 1];
-      },
-      ticks: ([low, high]) => roundTicks(low, high, 5, "°/d"),
-    };
-  }
-
-  /** The exact aspects of the two bodies of the angle's pane. */
-  function exactAspects(): Mark[] {
-    const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
-    const key = [first, second, context.state.centre, dataKey].join();
-    if (exact.key !== key) {
-      exact = { key, marks: first === second ? [] : aspectMarks(first, [second], data.from, data.to, context.state.centre) };
-    }
-    return exact.marks;
-  }
-
   function build(): void {
     const { state } = context;
     const key = [state.scale, state.panes, kinds(), state.first, state.second, state.centre].join();
@@ -237,10 +164,10 @@ export function mount(root: HTMLElement, context: Context): View {
     candles = frame.chart.addSeries(CandlestickSeries, { priceScaleId: "right", lastValueVisible: true, priceLineVisible: false, borderVisible: false }, 0);
     frame.attach(candles, { isBehind: true, draw: (area) => drawShade(area, shaded()) });
     if (state.scale === "own") {
-      frame.addLayer(0, "left", curveLayers({ ...ownPane(), drawn: measured }).left);
+      frame.addLayer(0, "left", curveLayers({ ...ownPane(source, common), drawn: measured }).left);
     } else {
       frame.attach(candles, overlay({
-        bodies, family: () => family, scale: priceScale,
+        bodies, family: () => family, scale: (area) => priceScaleOf(candles!, area),
         points: (body, area) => data.sky.points(body, longitudeField(context.state.centre), area.first, area.last),
         drawn(bodiesLeft) {
           measured();
@@ -255,7 +182,7 @@ export function mount(root: HTMLElement, context: Context): View {
     }
     frame.attach(candles, { draw: (area) => drawShadeDates(area, { boxes: [] }, shaded(), date) });
     state.panes.forEach((which, k) => {
-      const layers = curveLayers(furtherPane(which));
+      const layers = curveLayers(furtherPane(which, source, common));
       frame!.addLayer(k + 1, "left", layers.left);
       frame!.addLayer(k + 1, "right", layers.right);
     });
@@ -326,20 +253,13 @@ export function mount(root: HTMLElement, context: Context): View {
     const what = k < 0
       ? (slot > slots.last ? "beyond the last bar" : "no bar")
       : (["open", "high", "low", "close"] as const).map((name) => `${name} ${bars[name][k]!.toFixed(digits)}`).join("  ");
-    const angle = state.panes.includes("angle") ? `  angle ${angleAt(slot).toFixed(2)}°` : "";
+    const angle = state.panes.includes("angle") ? `  angle ${angleAt(source, slot).toFixed(2)}°` : "";
     const next = sky.times[slot + 1] ?? sky.times[slot]! + 86400e3;
     const events = happenings(lists, sky.times[slot]!, next, (time) => clock.format(time).slice(5));
     values.show(`${day}, ${zone}:  ${what}${angle}`, rows, events === "" ? "No event until the next bar." : events, theme);
     if (isKey) {
       context.announce(values.words());
     }
-  }
-
-  function angleAt(slot: number): number {
-    const field = longitudeField(context.state.centre);
-    const [first, second] = [bodyAsSeen(context.state.first), bodyAsSeen(context.state.second)];
-    const way = Math.abs(data.sky.value(first, field, slot) - data.sky.value(second, field, slot));
-    return Math.min(way, 360 - way);
   }
 
   function search(): void {
@@ -371,50 +291,16 @@ export function mount(root: HTMLElement, context: Context): View {
   }
 
   function showTables(): void {
-    const { state, clock } = context;
-    const { bars, slots, sky, digits } = data;
-    const axis = axisClock(data, clock);
-    const field = longitudeField(state.centre);
-    const columns: Column<Row>[] = [{
-      head: "Date", unit: data.isDaily ? "" : axis.label, isNumber: false,
-      value: ({ slot }) => axis.format(slots.time[slot]!, data.isDaily ? "day" : "minute"),
-    }];
-    for (const name of ["open", "high", "low", "close"] as const) {
-      columns.push({
-        head: name.charAt(0).toUpperCase() + name.slice(1), digits, isNumber: true,
-        value: ({ slot }) => (slots.bar[slot]! < 0 ? NaN : bars[name][slots.bar[slot]!]!),
-      });
-    }
-    for (const body of bodies()) {
-      columns.push({ head: BODY_LOOKS[body].name, unit: "deg", digits: 4, isNumber: true, value: ({ slot }) => sky.value(body, field, slot) });
-    }
-    for (const which of state.panes) {
-      if (which === "angle") {
-        columns.push({ head: "Angle", unit: "deg", digits: 4, isNumber: true, value: ({ slot }) => angleAt(slot) });
-        continue;
-      }
-      for (const body of state.lines) {
-        columns.push({
-          head: `${BODY_LOOKS[body].name} ${which === "motion" ? "motion" : "decl."}`, unit: which === "motion" ? "deg/day" : "deg",
-          digits: 4, isNumber: true,
-          value: ({ slot }) => sky.value(body, which === "motion" ? "longitude_motion" : "declination", slot),
-        });
-      }
-    }
-    barTable.setColumns(columns);
+    const { clock } = context;
+    const { slots, sky } = data;
+    barTable.setColumns(barColumns(source, axisClock(data, clock)));
     // The last bar first, as price lists have it; what lies ahead comes before it.
     const rows = Array.from(slots.time, (_, k) => ({ slot: slots.time.length - 1 - k }));
     const start = rows.findIndex(({ slot }) => slot === slots.last);
     barTable.show([...rows.slice(start), ...rows.slice(0, start).reverse()],
       `${prices.name}: bars from the last one back, then the ${rows.length - 1 - slots.last} places ahead. ${skyWords()}`);
-    eventTable.setColumns([
-      { head: "Time", unit: clock.label, value: ({ time }) => clock.format(time), isNumber: false },
-      { head: "Event", value: ({ text }) => text },
-      { head: "Kind", value: ({ kind }) => MARK_NAMES[kind] },
-    ]);
-    const marks = [...lists.values()].flatMap((one) => one.marks).sort((a, b) => b.time - a.time);
     const isCut = data.from > sky.times[0]!;
-    eventTable.show(marks, `Events, the latest first${isCut ? `, of the last ${MOST_YEARS} years` : ""}.`);
+    happened.show(lists, clock, `Events, the latest first${isCut ? `, of the last ${MOST_YEARS} years` : ""}.`, true);
   }
 
   function tablesLater(): void {
@@ -457,7 +343,6 @@ export function mount(root: HTMLElement, context: Context): View {
       data = chartData(prices.bars, state.ahead, state.hour);
       dataKey = key;
       marksKey = tableKey = "";
-      exact = { key: "", marks: [] };
     }
     const size = prices.bars.time.length;
     const [low, high] = priceRange(prices.bars, size - BARS_SHOWN, size - 1);

@@ -5,89 +5,34 @@ import { BODY_LOOKS, zodiac } from "../bodies.js";
 import { bodyChecks, checks, folded, list } from "../chart/controls.js";
 import { curveLayers, declinationRange, declinationTicks, longitudeTicks } from "../chart/curves.js";
 import type { Curve, Pane } from "../chart/curves.js";
+import { eventTable } from "../chart/event_table.js";
 import { createFrame } from "../chart/frame.js";
 import type { Frame } from "../chart/frame.js";
-import { MARK_NAMES, bodiesOf, byKind, isMoonTooFast, retrogradeOf, searchLater, searchSteps } from "../chart/marks.js";
-import type { Mark, MarkList } from "../chart/marks.js";
+import { MARK_NAMES, bodiesOf, byKind, isMoonTooFast, searchLater, searchSteps } from "../chart/marks.js";
+import type { MarkList } from "../chart/marks.js";
 import { picture } from "../chart/picture.js";
 import { happenings, readout, signed } from "../chart/readout.js";
 import type { Span } from "../chart/retrograde.js";
 import { strip, stripHeight } from "../chart/strip.js";
 import { plainStrokes, strokesOf } from "../chart/strokes.js";
-import { daysOf } from "../chart/values.js";
 import { saveCanvas } from "../download.js";
 import { FIRST_YEAR, LAST_YEAR, MARK_KINDS, SHADES } from "../state.js";
 import type { MarkKind, State } from "../state.js";
 import { table } from "../table.js";
-import type { Column } from "../table.js";
 import { bar, element } from "../view.js";
 import type { Context, View } from "../view.js";
-import { position } from "zenithor";
-import type { BodyName, FieldName } from "zenithor";
+import type { BodyName } from "zenithor";
+import { yearSky } from "./sky.js";
+import type { YearSky } from "./sky.js";
 import { yearSpan } from "./span.js";
-import type { YearSpan } from "./span.js";
+import { positionColumns } from "./tables.js";
+import type { PositionRow } from "./tables.js";
 
 const MONTHS = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
 const SHADE_NAMES: Readonly<Record<string, string>> = { lines: "Along the lines", none: "Nowhere" };
 
-/** What is computed once for a span, seen from one place. */
-interface Sky {
-  span: YearSpan;
-  centre: State["centre"];
-  /** Computes several bodies at once, which costs less than one by one. */
-  prepare(bodies: readonly BodyName[]): void;
-  values(body: BodyName, field: "longitude" | "declination"): Float64Array;
-  retrograde(body: BodyName): { marks: Mark[]; spans: Span[] };
-}
-
-function skyOf(span: YearSpan, centre: State["centre"]): Sky {
-  const days = daysOf(span.times);
-  const columns = new Map<BodyName, readonly [Float64Array, Float64Array]>();
-  const turning = new Map<BodyName, { marks: Mark[]; spans: Span[] }>();
-
-  function compute(bodies: readonly BodyName[]): void {
-    const fields: FieldName[] = centre === "geo" ? ["apparent_longitude", "declination"] : ["helio_longitude"];
-    const width = bodies.length * fields.length;
-    const found = position(bodies, days, fields);
-    bodies.forEach((body, b) => {
-      const one = (f: number) => days.map((_, k) => (f < fields.length ? found[k * width + b * fields.length + f]! : NaN));
-      columns.set(body, [one(0), one(1)]);
-    });
-  }
-
-  return {
-    span,
-    centre,
-    prepare(bodies) {
-      const missing = bodies.filter((body) => !columns.has(body));
-      if (missing.length > 0) {
-        compute(missing);
-      }
-    },
-    values(body, field) {
-      if (!columns.has(body)) {
-        compute([body]);
-      }
-      const both = columns.get(body)!;
-      return both[field === "longitude" ? 0 : 1];
-    },
-    retrograde(body) {
-      let found = turning.get(body);
-      if (found === undefined) {
-        found = centre === "helio" ? { marks: [], spans: [] } : retrogradeOf(body, span.from, span.to);
-        turning.set(body, found);
-      }
-      return found;
-    },
-  };
-}
-
-interface PositionRow {
-  slot: number;
-}
-
 export function mount(root: HTMLElement, context: Context): View {
-  let sky: Sky | null = null;
+  let sky: YearSky | null = null;
   let skyKey = "";
   let frame: Frame | null = null;
   let frameKey = "";
@@ -139,9 +84,7 @@ export function mount(root: HTMLElement, context: Context): View {
   const place = element("div");
   const empty = element("p", { class: "notice" }, "No body is chosen. Choose at least one above to draw its line.");
   const positions = table<PositionRow>([], { caption: "Positions", file: "zenithor-year-positions", most: 40 });
-  const happened = table<Mark>([], {
-    caption: "Events", file: "zenithor-year-events", most: 60, empty: "Nothing of the chosen kinds happens in this span.",
-  });
+  const happened = eventTable("zenithor-year-events");
   root.append(
     element("div", { class: "controls" },
       element("label", {}, element("span", {}, "Year"), yearInput),
@@ -264,27 +207,11 @@ export function mount(root: HTMLElement, context: Context): View {
   function showTables(): void {
     const { clock, state } = context;
     const { span } = sky!;
-    const positionColumns: Column<PositionRow>[] = [
-      { head: "Date", unit: clock.label, value: ({ slot }) => clock.format(span.times[slot]!), isNumber: false },
-    ];
-    const fields = curve() === "both" ? (["longitude", "declination"] as const) : ([curve()] as ("longitude" | "declination")[]);
-    for (const field of fields) {
-      for (const body of bodies()) {
-        const head = `${BODY_LOOKS[body].name}${field === "declination" ? " decl." : ""}`;
-        positionColumns.push({ head, unit: "deg", digits: 4, isNumber: true, value: ({ slot }) => sky!.values(body, field)[slot]! });
-      }
-    }
-    positions.setColumns(positionColumns);
+    positions.setColumns(positionColumns(sky!, bodies(), curve(), clock));
     positions.show(Array.from(span.times, (_, slot) => ({ slot })),
       `Positions, ${span.words}, every ${span.step === 1 ? "day" : `${span.step} days`}. ${frameWords(state)}.`);
-    happened.setColumns([
-      { head: "Time", unit: clock.label, value: ({ time }) => clock.format(time), isNumber: false },
-      { head: "Event", value: ({ text }) => text },
-      { head: "Kind", value: ({ kind }) => MARK_NAMES[kind] },
-    ]);
-    const rows = [...lists.values()].flatMap(({ marks }) => marks).sort((a, b) => a.time - b.time);
     const left = bodies().includes("moon") && isMoonTooFast(span.from, span.to) ? " The Moon's ingresses and aspects are left out." : "";
-    happened.show(rows, `Events, ${span.words}.${left}`);
+    happened.show(lists, clock, `Events, ${span.words}.${left}`);
   }
 
   /** Tables follow when the lines are drawn. */
@@ -336,7 +263,7 @@ export function mount(root: HTMLElement, context: Context): View {
     const isNew = key !== skyKey;
     if (isNew) {
       skyKey = key;
-      sky = skyOf(yearSpan(state, clock), state.centre);
+      sky = yearSky(yearSpan(state, clock), state.centre);
     }
     const { span } = sky!;
     sky!.prepare(bodies());
