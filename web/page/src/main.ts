@@ -128,7 +128,7 @@ async function start(): Promise<void> {
   } catch (error) {
     const why = error instanceof Error ? error.message : String(error);
     root.replaceChildren(element("p", { class: "notice", role: "alert" },
-      `This browser cannot run the library (${why}). Chrome from 91, Firefox from 113 and Safari from 16.4 on can.`));
+      `This browser cannot run the library (${why}). Chrome from 105, Firefox from 113 and Safari from 16.4 on can.`));
     return;
   }
   part("footer").replaceChildren(footer(version, dataFingerprint));

@@ -98,6 +98,6 @@ test("OnPaperThereAreNoControls", LIMIT, async () => {
 
 test("ABrowserThatIsTooOldIsTold", LIMIT, async () => {
   await withPage("#sky", { before: "delete globalThis.DecompressionStream;", isRefused: true }, async (page) => {
-    assert.match(await page.locator("main").textContent(), /This browser cannot run the library .*Chrome from 91/);
+    assert.match(await page.locator("main").textContent(), /This browser cannot run the library .*Chrome from 105/);
   });
 });
