@@ -101,3 +101,37 @@ test("ABrowserThatIsTooOldIsTold", LIMIT, async () => {
     assert.match(await page.locator("main").textContent(), /This browser cannot run the library .*Chrome from 105/);
   });
 });
+
+test("ThePolicyForbidsConnectionsAndForeignScripts", LIMIT, async () => {
+  await withPage("#sky", { isAttacked: true }, async (page) => {
+    const reached = [];
+    await page.context().route(/^https?:/, (route) => { reached.push(route.request().url()); return route.abort(); });
+    const refused = await page.evaluate(async () => {
+      const found = new Set();
+      document.addEventListener("securitypolicyviolation", ({ effectiveDirective }) => found.add(effectiveDirective));
+      const address = "http://127.0.0.1:9/";
+      await fetch(address).catch(() => {});
+      navigator.sendBeacon(address, "prices");
+      try { new WebSocket("ws://127.0.0.1:9/"); } catch { /* forbidden at once */ }
+      const add = (tag, values) => document.body.append(Object.assign(document.createElement(tag), values));
+      add("img", { src: `${address}picture` });
+      add("script", { textContent: "globalThis.isBroken = true;" });
+      add("script", { src: `${address}script.js` });
+      add("iframe", { src: address });
+      add("link", { rel: "stylesheet", href: `${address}style.css` });
+      const form = Object.assign(document.createElement("form"), { action: address });
+      document.body.append(form);
+      form.submit();
+      document.body.setAttribute("style", "color: red");
+      await new Promise((done) => setTimeout(done, 300));
+      return { directives: [...found].sort(), isBroken: "isBroken" in globalThis };
+    });
+    assert.deepEqual(refused, {
+      directives: [
+        "connect-src", "form-action", "frame-src", "img-src", "script-src-elem", "style-src-attr", "style-src-elem",
+      ],
+      isBroken: false,
+    });
+    assert.deepEqual(reached, []);
+  });
+});

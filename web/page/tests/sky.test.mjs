@@ -146,4 +146,16 @@ test("PicturesAndTablesAreSaved", LIMIT, async () => {
   });
 });
 
+test("ACopiedTableIsNumbersBetweenTabs", LIMIT, async () => {
+  await withPage(AT, { permissions: ["clipboard-read", "clipboard-write"] }, async (page) => {
+    await page.evaluate(() => getSelection().selectAllChildren(document.querySelector("tbody")));
+    await page.keyboard.press("Control+C");
+    const text = await page.evaluate(() => navigator.clipboard.readText());
+    const rows = text.trim().split("\n").map((row) => row.split("\t"));
+    assert.equal(rows.length, 10);
+    assert.deepEqual(rows[0].slice(1, 4), ["239.1844", "29 Sco 11'", "1.0094"]);
+    assert.ok(rows.every((row) => row.length === 9 && [1, 3, 4, 5, 6, 7, 8].every((k) => Number.isFinite(Number(row[k])))));
+  });
+});
+
 test("EveryWidthAndColourIsInOrder", LIMIT, () => lookAtEveryWidth(AT));
