@@ -10,6 +10,7 @@ import type {
 import type { Theme } from "../bodies.js";
 import type { Clock } from "../clock.js";
 import { COLOURS, element } from "../view.js";
+import { HELP, keysOf } from "./keys.js";
 
 export const FONT = "12px system-ui, sans-serif";
 
@@ -80,7 +81,6 @@ export interface FrameOptions {
   chart?: DeepPartial<TimeChartOptions>;
 }
 
-const HELP = "Arrow keys move the cursor, with Shift by ten; + and - zoom, Page Up and Page Down move along, Home and End go to the ends, 0 shows everything.";
 const SIDE_WIDTH = { left: 64, right: 84 };
 // Half a label of the axis [px].
 const AXIS_ROOM = 18;
@@ -139,7 +139,7 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     layout: { attributionLogo: false, fontSize: 12, fontFamily: "system-ui, sans-serif", panes: { enableResize: false } },
     localization: { locale: "en-GB", timeFormatter: (time: Time) => label(Number(time)) },
     leftPriceScale: { visible: true, borderVisible: false, minimumWidth: SIDE_WIDTH.left },
-    rightPriceScale: { visible: true, borderVisible: false, minimumWidth: SIDE_WIDTH.right },
+    rightPriceScale: { visible: true, borderVisible: false, entireTextOnly: true, minimumWidth: SIDE_WIDTH.right },
     timeScale: { borderVisible: true, rightOffset: 0, minBarSpacing: 0.01, fixLeftEdge: false },
     crosshair: {
       mode: CrosshairMode.Normal,
@@ -306,51 +306,7 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     }
   });
 
-  function zoom(factor: number): void {
-    const [from, to] = frame.range();
-    const centre = cursor !== null && cursor > from && cursor < to ? cursor : (from + to) / 2;
-    if ((to - from) * factor >= 4 || factor > 1) {
-      frame.showSlots(centre + (from - centre) * factor, centre + (to - centre) * factor);
-    }
-  }
-
-  function step(slots: number): void {
-    const [from, to] = frame.range();
-    const start = cursor ?? Math.round((from + to) / 2);
-    frame.setCursor(start + slots);
-    const now = frame.cursor!;
-    if (now < from || now > to) {
-      const shift = now < from ? now - from - 1 : now - to + 1;
-      frame.showSlots(from + shift, to + shift);
-    }
-    options.onCursor(now, true);
-  }
-
-  function onKey(event: KeyboardEvent): void {
-    if (event.ctrlKey || event.altKey || event.metaKey) {
-      return;
-    }
-    const [from, to] = frame.range();
-    const page = (to - from) * 0.8;
-    const keys: Record<string, () => void> = {
-      ArrowLeft: () => step(event.shiftKey ? -10 : -1),
-      ArrowRight: () => step(event.shiftKey ? 10 : 1),
-      Home: () => step(-times.length),
-      End: () => step(times.length),
-      PageUp: () => frame.showSlots(from - page, to - page),
-      PageDown: () => frame.showSlots(from + page, to + page),
-      "+": () => zoom(0.7),
-      "=": () => zoom(0.7),
-      "-": () => zoom(1 / 0.7),
-      "0": () => frame.showAll(),
-      Escape: () => frame.setCursor(null),
-    };
-    const act = keys[event.key];
-    if (act !== undefined && times.length > 0) {
-      event.preventDefault();
-      act();
-    }
-  }
+  const onKey = keysOf(frame, (slot) => options.onCursor(slot, true));
   host.addEventListener("keydown", onKey);
   return frame;
 }

@@ -46,7 +46,7 @@ function drawEclipse(area: Area, mark: Mark, x: number, y: number): void {
   const isSolar = mark.event!.startsWith("solar");
   const colour = bodyColour(isSolar ? "sun" : "moon", area.theme);
   pen.beginPath();
-  pen.arc(x - 5, y, 4.5, 0, 2 * Math.PI);
+  pen.arc(x - 4, y, 3.5, 0, 2 * Math.PI);
   pen.lineWidth = 2;
   pen.strokeStyle = colour;
   pen.fillStyle = colour;
@@ -56,7 +56,7 @@ function drawEclipse(area: Area, mark: Mark, x: number, y: number): void {
   pen.stroke();
   pen.textAlign = "left";
   pen.fillStyle = colours.text;
-  pen.fillText(mark.sign, x + 3, y);
+  pen.fillText(mark.sign, x + 2, y);
 }
 
 /** Marks of one row that are seen, with their coordinates. */
@@ -110,7 +110,7 @@ export function strip(
         }
         for (const [mark, x] of all) {
           if (kind === "eclipses") {
-            if (drawTextRoom(taken, x - 12, x + 14)) {
+            if (drawTextRoom(taken, x - 9, x + 10)) {
               drawEclipse(area, mark, x, y);
             }
             continue;

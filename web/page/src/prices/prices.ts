@@ -3,17 +3,17 @@
 
 import { CandlestickSeries, PriceScaleMode } from "lightweight-charts";
 import type { ISeriesApi } from "lightweight-charts";
-import { BODY_LOOKS, GEOCENTRIC, bodyLabel, zodiac } from "../bodies.js";
+import { BODY_LOOKS, GEOCENTRIC, bodyLabel } from "../bodies.js";
 import { bodyChecks, checks, folded, list, numberField } from "../chart/controls.js";
 import { curveLayers } from "../chart/curves.js";
 import { eventTable } from "../chart/event_table.js";
 import { createFrame } from "../chart/frame.js";
 import type { Frame } from "../chart/frame.js";
 import { drawShade, drawShadeDates } from "../chart/lines.js";
-import { MARK_NAMES, bodiesOf, bodyOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
+import { MARK_NAMES, bodiesOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
 import type { Mark, MarkList } from "../chart/marks.js";
 import { picture } from "../chart/picture.js";
-import { happenings, readout, signed } from "../chart/readout.js";
+import { happenings, readout } from "../chart/readout.js";
 import type { Span } from "../chart/retrograde.js";
 import { strip, stripHeight } from "../chart/strip.js";
 import { saveCanvas } from "../download.js";
@@ -25,13 +25,14 @@ import type { Context, View } from "../view.js";
 import type { BodyName } from "zenithor";
 import { MOST_YEARS, axisClock, chartData, priceRange } from "./data.js";
 import type { ChartData } from "./data.js";
-import { nearestLine, suggestedUnit } from "./family.js";
+import { suggestedUnit } from "./family.js";
 import type { Family } from "./family.js";
 import { fileBox, shownPrices } from "./file_box.js";
 import { overlay } from "./overlay.js";
-import { angleAt, furtherPane, ownPane, priceScaleOf } from "./panes.js";
+import { furtherPane, ownPane, priceScaleOf } from "./panes.js";
 import type { Common, Source } from "./panes.js";
 import { SAMPLE_NOTE } from "./sample.js";
+import { barWords, bodyValues } from "./values.js";
 import { barColumns } from "./tables.js";
 import type { BarRow } from "./tables.js";
 
@@ -223,40 +224,14 @@ export function mount(root: HTMLElement, context: Context): View {
     if (frame === null) {
       return;
     }
-    const { state, clock, theme } = context;
-    const { slots, bars, sky, digits } = data;
+    const { clock, theme } = context;
+    const { sky, slots } = data;
     const slot = Math.min(frame.cursor ?? slots.last, slots.time.length - 1);
-    const k = slots.bar[slot]!;
-    const axis = axisClock(data, clock);
-    const field = longitudeField(state.centre);
-    const price = k < 0 ? (bars.close[bars.close.length - 1] ?? 0) : bars.close[k]!;
-    const rows = state.lines.flatMap((listed) => {
-      const body = bodyOf(listed, state.centre);
-      if (body === null) {
-        return [];
-      }
-      const longitude = sky.value(body, field, slot);
-      const cells = [`${longitude.toFixed(2)}°`, zodiac(longitude)];
-      if (state.scale === "price") {
-        cells.push(`line ${nearestLine(longitude, price, family).price.toFixed(Math.max(digits, 2))}`);
-      }
-      if (state.panes.includes("declination")) {
-        cells.push(`${signed(sky.value(listed, "declination", slot), 2)}°`);
-      }
-      if (state.panes.includes("motion")) {
-        cells.push(`${signed(sky.value(listed, "longitude_motion", slot), 3)}°/d`);
-      }
-      return [{ body, cells }];
-    });
-    const day = axis.format(slots.time[slot]!, data.isDaily ? "day" : "minute");
-    const zone = data.isDaily ? `sky at ${axis.hourMinute(sky.times[slot]!)} UTC` : axis.label;
-    const what = k < 0
-      ? (slot > slots.last ? "beyond the last bar" : "no bar")
-      : (["open", "high", "low", "close"] as const).map((name) => `${name} ${bars[name][k]!.toFixed(digits)}`).join("  ");
-    const angle = state.panes.includes("angle") ? `  angle ${angleAt(source, slot).toFixed(2)}°` : "";
     const next = sky.times[slot + 1] ?? sky.times[slot]! + 86400e3;
     const events = happenings(lists, sky.times[slot]!, next, (time) => clock.format(time).slice(5));
-    values.show(`${day}, ${zone}:  ${what}${angle}`, rows, events === "" ? "No event until the next bar." : events, theme);
+    values.show(
+      barWords(source, axisClock(data, clock), slot), bodyValues(source, family, slot),
+      events === "" ? "No event until the next bar." : events, theme);
     if (isKey) {
       context.announce(values.words());
     }
