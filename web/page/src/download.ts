@@ -41,7 +41,7 @@ function svgText(picture: SVGSVGElement): string {
   return new XMLSerializer().serializeToString(copy);
 }
 
-export function saveSvg(picture: SVGSVGElement, name: string): void {
+function saveSvg(picture: SVGSVGElement, name: string): void {
   save(new Blob([svgText(picture)], { type: "image/svg+xml" }), name);
 }
 
@@ -54,7 +54,7 @@ export async function saveCanvas(canvas: HTMLCanvasElement, name: string): Promi
 }
 
 /** A picture, drawn twice as large as its own size, on a colour. */
-export async function savePng(picture: SVGSVGElement, name: string, background: string): Promise<void> {
+async function savePng(picture: SVGSVGElement, name: string, background: string): Promise<void> {
   const { width, height } = picture.viewBox.baseVal;
   const address = URL.createObjectURL(new Blob([svgText(picture)], { type: "image/svg+xml" }));
   try {

@@ -4,17 +4,17 @@
 
 import type { BodyName } from "zenithor";
 import { GEOCENTRIC } from "./bodies.js";
-import { dayOf } from "./clock.js";
+import { clockOf, dayOf } from "./clock.js";
 import type { Zone } from "./clock.js";
 
-export const VIEWS = ["sky", "year", "day", "prices"] as const;
+const VIEWS = ["sky", "year", "day", "prices"] as const;
 export type ViewName = (typeof VIEWS)[number];
 
 /** The years that the library answers for, less one at each end. */
 export const FIRST_YEAR = -1999;
 export const LAST_YEAR = 3999;
 
-export const CURVES = ["both", "longitude", "declination"] as const;
+const CURVES = ["both", "longitude", "declination"] as const;
 export const MARK_KINDS = ["phases", "eclipses", "seasons", "ingresses", "aspects", "stations"] as const;
 export type MarkKind = (typeof MARK_KINDS)[number];
 export const PANES = ["declination", "motion", "angle"] as const;
@@ -86,7 +86,7 @@ interface Key<T> {
 
 type Keys = { [K in Exclude<keyof State, "view">]: Key<State[K]> };
 
-export function choice<T extends string | number>(
+function choice<T extends string | number>(
   views: readonly ViewName[], values: readonly T[], fallback: T,
 ): Key<T> {
   return {
@@ -97,7 +97,7 @@ export function choice<T extends string | number>(
   };
 }
 
-export function number(
+function number(
   views: readonly ViewName[], fallback: number, least: number, most: number, isWhole = false,
 ): Key<number> {
   return {
@@ -113,7 +113,7 @@ export function number(
 }
 
 /** Names with commas between; "none" for no name. One that is unknown is left out. */
-export function several<T extends string>(
+function several<T extends string>(
   views: readonly ViewName[], values: readonly T[], fallback: readonly T[],
 ): Key<readonly T[]> {
   return {
@@ -128,6 +128,7 @@ export function several<T extends string>(
   };
 }
 
+const UTC = clockOf("utc");
 const ISO_MINUTE = /^(-?\d{4})-(\d\d)-(\d\d)T(\d\d):(\d\d)(?::(\d\d))?Z$/;
 
 const moment: Key<number | null> = {
@@ -140,18 +141,11 @@ const moment: Key<number | null> = {
       return undefined;
     }
     const [hour, minute, second] = [Number(found[4]), Number(found[5]), Number(found[6] ?? 0)];
-    const date = new Date(0);
-    date.setUTCFullYear(...day);
-    date.setUTCHours(hour, minute, second);
-    return hour < 24 && minute < 60 && second < 60 ? date.getTime() : undefined;
+    return hour < 24 && minute < 60 && second < 60 ? UTC.at(...day, hour, minute) + 1000 * second : undefined;
   },
-  write(value) {
-    const date = new Date(value ?? 0);
-    const pad = (part: number, size = 2) => String(part).padStart(size, "0");
-    const year = date.getUTCFullYear();
-    const days = `${year < 0 ? "-" : ""}${pad(Math.abs(year), 4)}-${pad(date.getUTCMonth() + 1)}-${pad(date.getUTCDate())}`;
-    const seconds = date.getUTCSeconds();
-    return `${days}T${pad(date.getUTCHours())}:${pad(date.getUTCMinutes())}${seconds ? `:${pad(seconds)}` : ""}Z`;
+  write(time) {
+    const precision = (time ?? 0) % 60e3 === 0 ? "minute" : "second";
+    return `${UTC.format(time ?? 0, precision).replace(" ", "T")}Z`;
   },
 };
 
