@@ -50,6 +50,8 @@ export interface State {
   marks: readonly MarkKind[];
   /** Where retrograde spans are shaded: along the lines, nowhere, or over the height for one body. */
   shade: (typeof SHADES)[number];
+  /** Year and Prices: the moments between which the chart is seen, where it was zoomed or moved. */
+  seen: readonly [number, number] | null;
 
   /** Prices */
   lines: readonly BodyName[];
@@ -149,6 +151,17 @@ const moment: Key<number | null> = {
   },
 };
 
+const seen: Key<readonly [number, number] | null> = {
+  views: ["year", "prices"],
+  fallback: null,
+  read(text) {
+    const ends = text.split(",").map((end) => moment.read(end));
+    const [from, to] = ends as (number | undefined)[];
+    return ends.length === 2 && from !== undefined && to !== undefined && from < to ? [from, to] : undefined;
+  },
+  write: (value) => (value === null ? "" : value.map((end) => moment.write(end)).join(",")),
+};
+
 const date: Key<string | null> = {
   views: ["day"],
   fallback: null,
@@ -178,6 +191,8 @@ const KEYS: Keys = {
   bodies: several(["year"], GEOCENTRIC, GEOCENTRIC.filter((body) => body !== "moon")),
   marks: several(["year"], MARK_KINDS, ["phases", "eclipses", "seasons", "ingresses", "aspects"]),
   shade: choice(["year"], SHADES, "lines"),
+
+  seen,
 
   lines: several(["prices"], GEOCENTRIC, ["sun", "mars", "jupiter"]),
   scale: choice(["prices"], ["own", "price"], "price"),

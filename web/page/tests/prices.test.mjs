@@ -281,6 +281,19 @@ test("KeysZoomPanAndTell", LIMIT, async () => {
   });
 });
 
+test("LinksHoldWhatIsSeenUntilOtherPricesCome", LIMIT, async () => {
+  await withPage("#prices?lines=sun&seen=2024-01-01T00:00Z,2024-03-01T00:00Z", {}, async (page) => {
+    await settled(page);
+    const box = await page.locator(".chart").boundingBox();
+    await page.mouse.move(box.x + box.width / 2, box.y + 60);
+    await page.waitForTimeout(60);
+    assert.match(await page.locator(".readout .when").textContent(), /^2024-01-(2[5-9]|3\d)|^2024-02-0/);
+    await choose(page, "other.csv", csvOf(300));
+    await page.getByText("other.csv and the sky").waitFor();
+    await page.waitForFunction(() => !location.hash.includes("seen="));
+  });
+});
+
 test("ScalesAndFamiliesAreHeldByTheLink", LIMIT, async () => {
   await withPage("#prices?unit=0.01&spacing=15", {}, async (page) => {
     await settled(page);

@@ -154,6 +154,38 @@ test("LinksHoldTheView", LIMIT, async () => {
   });
 });
 
+test("LinksHoldWhatIsZoomedTo", LIMIT, async () => {
+  let link;
+  const days = (text) => /seen=(\d{4}-\d\d-\d\d)T[\d:]+Z,(\d{4}-\d\d-\d\d)T/.exec(text).slice(1);
+  await withPage("#year?from=2026", {}, async (page) => {
+    await settled(page);
+    await page.locator(".chart").focus();
+    for (let k = 0; k < 4; ++k) {
+      await page.keyboard.press("+");
+    }
+    await page.waitForFunction(() => location.hash.includes("seen="));
+    link = await page.evaluate(() => location.hash);
+    const [from, to] = days(link);
+    assert.ok(from > "2026-03-01" && to < "2026-10-31" && from < to, link);
+    await page.getByRole("button", { name: "Show all", exact: true }).click();
+    await page.waitForFunction(() => !location.hash.includes("seen="));
+  });
+  await withPage(link, {}, async (page) => {
+    await settled(page);
+    // The ends of what is seen: the first and the last day that the mouse meets.
+    const box = await page.locator(".chart").boundingBox();
+    const met = [];
+    for (const x of [box.x + 68, box.x + box.width - 90]) {
+      await page.mouse.move(x, box.y + 60);
+      await page.waitForTimeout(60);
+      met.push((await page.locator(".readout .when").textContent()).slice(0, 10));
+    }
+    const apart = (a, b) => Math.abs(Date.parse(a) - Date.parse(b)) / 86400e3;
+    const [from, to] = days(link);
+    assert.ok(apart(met[0], from) < 3 && apart(met[1], to) < 3, `${met} ${link}`);
+  });
+});
+
 test("TheEndsOfTimeAreShown", LIMIT, async () => {
   for (const link of ["#year?from=-1999&years=10", "#year?from=3999&years=10"]) {
     await withPage(link, {}, async (page) => {

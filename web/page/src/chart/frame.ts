@@ -58,6 +58,8 @@ export interface Frame {
   /** The place of a moment along the axis; between slots, and beyond the ends in steps of the ends. */
   slotOf(time: number): number;
   showSlots(from: number, to: number): void;
+  /** What lies between two moments; whether that is on the chart. */
+  showTimes(from: number, to: number): boolean;
   /** Everything, with room for the labels of the axis at its ends. */
   showAll(): void;
   /** The slots that are seen. */
@@ -78,12 +80,17 @@ export interface FrameOptions {
   height?: number;
   /** The slot under the cursor changed; by the keyboard where `isKey`. */
   onCursor(slot: number | null, isKey: boolean): void;
+  /** The reader zoomed or moved the chart, which is now seen between these moments. */
+  onMoved?(from: number, to: number): void;
   chart?: DeepPartial<TimeChartOptions>;
 }
 
 const SIDE_WIDTH = { left: 64, right: 84 };
 // Half a label of the axis [px].
 const AXIS_ROOM = 18;
+// So long it has to be at rest [ms], so far it has to be moved [slots].
+const REST = 300;
+const MOVED = 0.01;
 
 let helps = 0;
 
@@ -122,6 +129,12 @@ export function slotAmong(times: Float64Array, time: number): number {
   return k + (time - times[k]!) / (times[k + 1]! - times[k]!);
 }
 
+/** The moment at a place: the inverse. */
+function timeAmong(times: Float64Array, slot: number): number {
+  const k = Math.min(Math.max(Math.floor(slot), 0), times.length - 2);
+  return times[k]! + (slot - k) * (times[k + 1]! - times[k]!);
+}
+
 /** A chart inside `parent`, which has to be part of the page, so that its size is known. */
 export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
   const help = element("p", { class: "unseen", id: `chart-help-${++helps}` }, HELP);
@@ -158,6 +171,8 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
   let theme: Theme = "light";
   let isTimeShown = false;
   let cursor: number | null = null;
+  let moving = 0;
+  let before: [number, number] = [0, 0];
   let base: ISeriesApi<"Line"> | null = null;
   const updates: (() => void)[] = [];
 
@@ -220,6 +235,15 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     autoscaleInfoProvider: () => ({ priceRange: { minValue: 0, maxValue: 1 } }),
   } as const;
 
+  const show = (from: number, to: number) => chart.timeScale().setVisibleLogicalRange({ from, to });
+
+  /** Everything, and a margin. */
+  function whole(): [number, number] {
+    const panes = Math.max(host.clientWidth - SIDE_WIDTH.left - SIDE_WIDTH.right, 100);
+    const margin = 0.5 + (times.length * AXIS_ROOM) / panes;
+    return [-margin, times.length - 1 + margin];
+  }
+
   const frame: Frame = {
     root,
     chart,
@@ -271,12 +295,21 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     },
     redraw: () => updates.forEach((update) => update()),
     slotOf: (time) => slotAmong(times, time),
-    showSlots: (from, to) => chart.timeScale().setVisibleLogicalRange({ from, to }),
-    showAll() {
-      const panes = Math.max(host.clientWidth - SIDE_WIDTH.left - SIDE_WIDTH.right, 100);
-      const margin = 0.5 + (times.length * AXIS_ROOM) / panes;
-      frame.showSlots(-margin, times.length - 1 + margin);
+    showSlots(from, to) {
+      // Not the reader's doing.
+      clearTimeout(moving);
+      moving = 0;
+      show(from, to);
     },
+    showTimes(from, to) {
+      const [first, last] = [slotAmong(times, from), slotAmong(times, to)];
+      const isThere = last > 0 && first < times.length - 1;
+      if (isThere) {
+        frame.showSlots(first, last);
+      }
+      return isThere;
+    },
+    showAll: () => frame.showSlots(...whole()),
     range() {
       const seen = chart.timeScale().getVisibleLogicalRange();
       return seen === null ? [0, Math.max(times.length - 1, 1)] : [seen.from, seen.to];
@@ -290,7 +323,7 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
       }
     },
     destroy() {
-      host.removeEventListener("keydown", onKey);
+      clearTimeout(moving);
       chart.remove();
     },
   };
@@ -306,7 +339,24 @@ export function createFrame(parent: HTMLElement, options: FrameOptions): Frame {
     }
   });
 
-  const onKey = keysOf(frame, (slot) => options.onCursor(slot, true));
+  const onKey = keysOf(frame, show, whole, (slot) => options.onCursor(slot, true));
   host.addEventListener("keydown", onKey);
+
+  // What moves a chart goes on for a while; it is told when it has come to rest.
+  function onMove(): void {
+    if (moving === 0) {
+      before = frame.range();
+    }
+    clearTimeout(moving);
+    moving = window.setTimeout(() => {
+      moving = 0;
+      const now = frame.range();
+      if (times.length > 1 && now.some((end, k) => Math.abs(end - before[k]!) > MOVED)) {
+        options.onMoved?.(timeAmong(times, now[0]), timeAmong(times, now[1]));
+      }
+    }, REST);
+  }
+  const moves = ["wheel", "pointerdown", "pointermove", "pointerup", "touchmove", "touchend", "keydown"] as const;
+  moves.forEach((name) => host.addEventListener(name, onMove, { capture: true, passive: true }));
   return frame;
 }

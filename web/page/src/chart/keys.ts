@@ -12,14 +12,18 @@ const FEWEST = 4;
 const ZOOM = 0.7;
 const PAGE = 0.8;
 
-/** The listener for a chart's keys; `onCursor` hears of the slot that the cursor comes to. */
-export function keysOf(frame: Frame, onCursor: (slot: number) => void): (event: KeyboardEvent) => void {
+/** The listener for a chart's keys; `show` moves the chart, `whole` is all of it, `onCursor` hears of the slot
+ * that the cursor comes to. */
+export function keysOf(
+  frame: Frame, show: (from: number, to: number) => void, whole: () => [number, number],
+  onCursor: (slot: number) => void,
+): (event: KeyboardEvent) => void {
   function zoom(factor: number): void {
     const [from, to] = frame.range();
     const { cursor } = frame;
     const centre = cursor !== null && cursor > from && cursor < to ? cursor : (from + to) / 2;
     if ((to - from) * factor >= FEWEST || factor > 1) {
-      frame.showSlots(centre + (from - centre) * factor, centre + (to - centre) * factor);
+      show(centre + (from - centre) * factor, centre + (to - centre) * factor);
     }
   }
 
@@ -29,7 +33,7 @@ export function keysOf(frame: Frame, onCursor: (slot: number) => void): (event: 
     const now = frame.cursor!;
     if (now < from || now > to) {
       const shift = now < from ? now - from - 1 : now - to + 1;
-      frame.showSlots(from + shift, to + shift);
+      show(from + shift, to + shift);
     }
     onCursor(now);
   }
@@ -37,7 +41,7 @@ export function keysOf(frame: Frame, onCursor: (slot: number) => void): (event: 
   function page(sign: number): void {
     const [from, to] = frame.range();
     const shift = sign * PAGE * (to - from);
-    frame.showSlots(from + shift, to + shift);
+    show(from + shift, to + shift);
   }
 
   const keys: Readonly<Record<string, (isFast: boolean) => void>> = {
@@ -50,7 +54,7 @@ export function keysOf(frame: Frame, onCursor: (slot: number) => void): (event: 
     "+": () => zoom(ZOOM),
     "=": () => zoom(ZOOM),
     "-": () => zoom(1 / ZOOM),
-    "0": () => frame.showAll(),
+    "0": () => show(...whole()),
     Escape: () => frame.setCursor(null),
   };
   return (event) => {

@@ -57,6 +57,7 @@ export function mount(root: HTMLElement, context: Context): View {
   let family: Family = { unit: 1, spacing: 90, isMirrored: false };
   let tooMany = "";
   let started = 0;
+  let shownSeen = "";
   let prices = shownPrices();
 
   const bodies = (): BodyName[] => bodiesOf(context.state.lines, context.state.centre);
@@ -89,7 +90,7 @@ export function mount(root: HTMLElement, context: Context): View {
     hour: numberField(context, "hour", "Sky at hour, UTC", 0, 23, "any"),
   };
 
-  const box = fileBox(root, context, () => update());
+  const box = fileBox(root, context, () => context.setState({ seen: null }));
   const title = element("h2");
   const words = element("p");
   const warning = element("p", { class: "warning", role: "status" });
@@ -109,8 +110,8 @@ export function mount(root: HTMLElement, context: Context): View {
     element("div", { class: "view-title" }, title, words, warning),
     values.root, place,
     element("p", { class: "buttons" },
-      element("button", { type: "button", click: () => frame?.showAll() }, "Show all"),
-      element("button", { type: "button", click: () => showLatest() }, "Latest bars"),
+      element("button", { type: "button", click: () => showWhole() }, "Show all"),
+      element("button", { type: "button", click: () => { showLatest(); context.setState({ seen: null }); } }, "Latest bars"),
       element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
     barTable.root, happened.root);
 
@@ -130,6 +131,13 @@ export function mount(root: HTMLElement, context: Context): View {
     const seen = Math.min(last + 0.5, (frame!.root.clientWidth < 600 ? 0.5 : 1) * BARS_SHOWN + context.state.ahead * 0.6);
     const end = Math.min(last, data.slots.last + context.state.ahead * 0.6);
     frame!.showSlots(Math.max(-0.5, end - seen), end);
+  }
+
+  function showWhole(): void {
+    frame!.showAll();
+    const seen = [data.sky.times[0]!, data.sky.times[data.sky.times.length - 1]!] as const;
+    shownSeen = String(seen);
+    context.setState({ seen });
   }
 
   function date(time: number): string {
@@ -160,6 +168,10 @@ export function mount(root: HTMLElement, context: Context): View {
       className: "prices-chart", hasPriceCursor: true,
       height: heights.reduce((sum, height) => sum + height, AXIS_HEIGHT),
       onCursor: (_, isKey) => showValues(isKey),
+      onMoved: (from, to) => {
+        shownSeen = [from, to].join();
+        context.setState({ seen: [from, to] });
+      },
       cursorPrice: (slot) => data.bars.close[data.slots.bar[slot]!] ?? data.bars.close[data.bars.close.length - 1]!,
     });
     candles = frame.chart.addSeries(CandlestickSeries, { priceScaleId: "right", lastValueVisible: true, priceLineVisible: false, borderVisible: false }, 0);
@@ -192,9 +204,7 @@ export function mount(root: HTMLElement, context: Context): View {
     }
     fill();
     frame.chart.panes().forEach((pane, k) => pane.setStretchFactor(heights[k] ?? 1));
-    if (range === null) {
-      showLatest();
-    } else {
+    if (range !== null) {
       frame.showSlots(...range);
       frame.setCursor(cursor);
     }
@@ -343,6 +353,12 @@ export function mount(root: HTMLElement, context: Context): View {
       fill();
       if (isOther) {
         frame!.setCursor(null);
+      }
+    }
+    const seen = String(state.seen);
+    if (!isBuilt || isOther || seen !== shownSeen) {
+      shownSeen = seen;
+      if (state.seen === null || !frame!.showTimes(...state.seen)) {
         showLatest();
       }
     }

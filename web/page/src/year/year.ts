@@ -45,6 +45,7 @@ export function mount(root: HTMLElement, context: Context): View {
   let declinations: Curve[] = [];
   let curvesKey = "";
   let started = 0;
+  let shownSeen = "";
 
   const kinds = (): readonly MarkKind[] => context.state.marks.filter((kind) => context.state.centre === "geo" || kind !== "stations");
   const bodies = (): BodyName[] => bodiesOf(context.state.bodies, context.state.centre);
@@ -55,7 +56,7 @@ export function mount(root: HTMLElement, context: Context): View {
     change: () => {
       const year = Number(yearInput.value);
       if (yearInput.value !== "" && Number.isInteger(year) && year >= FIRST_YEAR && year <= LAST_YEAR) {
-        context.setState({ from: year });
+        context.setState({ from: year, seen: null });
       } else {
         yearInput.setAttribute("aria-invalid", "true");
         context.announce(`The years ${FIRST_YEAR} to ${LAST_YEAR} can be shown.`);
@@ -64,7 +65,7 @@ export function mount(root: HTMLElement, context: Context): View {
   });
   const turn = (sign: number) => {
     const from = context.state.from + sign * context.state.years;
-    context.setState({ from: Math.min(Math.max(from, FIRST_YEAR), LAST_YEAR) });
+    context.setState({ from: Math.min(Math.max(from, FIRST_YEAR), LAST_YEAR), seen: null });
     context.announce(`Year ${context.state.from}`);
   };
   const controls = [
@@ -96,7 +97,7 @@ export function mount(root: HTMLElement, context: Context): View {
     element("div", { class: "view-title" }, title, words),
     values.root, empty, place,
     element("p", { class: "buttons" },
-      element("button", { type: "button", click: () => frame?.showAll() }, "Show all"),
+      element("button", { type: "button", click: () => { frame?.showAll(); context.setState({ seen: null }); } }, "Show all"),
       element("button", { type: "button", click: () => void savePicture() }, "Chart as PNG")),
     happened.root, positions.root);
 
@@ -151,13 +152,17 @@ export function mount(root: HTMLElement, context: Context): View {
     if (frame !== null && key === frameKey) {
       return;
     }
-    const seen = frame?.range() ?? null;
+    const slots = frame?.range() ?? null;
     frame?.destroy();
     frameKey = key;
     frame = createFrame(place, {
       label: "Lines of the bodies over time. The tables below hold the same values.",
       className: shown === "both" ? "year-both" : "year-one", hasPriceCursor: false,
       onCursor: (_, isKey) => showValues(isKey),
+      onMoved: (from, to) => {
+        shownSeen = [from, to].join();
+        context.setState({ seen: [from, to] });
+      },
     });
     const panes = (shown === "both" ? ["longitude", "declination"] : [shown]) as ("longitude" | "declination")[];
     const all = frame.root.clientHeight - 28;
@@ -174,10 +179,8 @@ export function mount(root: HTMLElement, context: Context): View {
     frame.setTimes(sky!.span.times);
     const share = panes.length === 2 ? [0.66, 0.34] : [1];
     frame.chart.panes().forEach((pane, k) => pane.setStretchFactor(k < panes.length ? share[k]! * (all - low) : low));
-    if (seen === null) {
-      frame.showAll();
-    } else {
-      frame.showSlots(...seen);
+    if (slots !== null) {
+      frame.showSlots(...slots);
     }
   }
 
@@ -293,13 +296,13 @@ export function mount(root: HTMLElement, context: Context): View {
     const isBuilt = frame !== null;
     build();
     if (isBuilt && isNew) {
-      const [from, to] = frame!.range();
-      const isWhole = from <= 0.5 && to >= frame!.times.length - 1.5;
       frame!.setTimes(span.times);
-      if (isWhole || to > span.times.length) {
+    }
+    const seen = String(state.seen);
+    if (!isBuilt || isNew || seen !== shownSeen) {
+      shownSeen = seen;
+      if (state.seen === null || !frame!.showTimes(...state.seen)) {
         frame!.showAll();
-      } else {
-        frame!.showSlots(from, to);
       }
     }
     frame!.setLook(theme, clock, false);
