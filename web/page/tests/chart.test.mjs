@@ -2,6 +2,12 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 
+import { position } from "../modules/src/index.mjs";
+import { unpack } from "../modules/src/unpack.mjs";
+import { cutOut, roundTicks, valueAt } from "../modules/page/src/chart/lines.mjs";
+import { angleBetween, skyAt } from "../modules/page/src/prices/sky.mjs";
+import { clockOf } from "../modules/page/src/clock.mjs";
+import { yearSpan } from "../modules/page/src/year/span.mjs";
 import { movedApart } from "../modules/page/src/chart/labels.mjs";
 import { retrogradeSpans } from "../modules/page/src/chart/retrograde.mjs";
 import { folded, plainStrokes, shortestWay, strokesOf } from "../modules/page/src/chart/strokes.mjs";
@@ -114,5 +120,57 @@ test("the sample is the same every time, on weekdays, and its bars are bars", ()
     assert.ok(new Date(time).getUTCDay() % 6 !== 0 && (k === 0 || time > bars.time[k - 1]));
     assert.ok(bars.low[k] <= Math.min(bars.open[k], bars.close[k]) && bars.high[k] >= Math.max(bars.open[k], bars.close[k]));
     assert.ok(bars.low[k] > 0);
+  });
+});
+
+await unpack();
+
+test("a band ends where its span ends, between two points too", () => {
+  const strokes = [{ x: [0, 2, 4], y: [0, 20, 0] }, { x: [4, 6], y: [100, 120] }];
+  assert.deepEqual(cutOut(strokes, 1, 5), [{ x: [1, 2, 4], y: [10, 20, 0] }, { x: [4, 5], y: [100, 110] }]);
+  assert.deepEqual(cutOut(strokes, 0.5, 1.5), [{ x: [0.5, 1.5], y: [5, 15] }]);
+  assert.deepEqual(cutOut(strokes, 7, 9), []);
+  assert.equal(valueAt(strokes, 3), 10);
+  assert.equal(valueAt(strokes, 4), 100);
+  assert.ok(Number.isNaN(valueAt(strokes, 6.5)));
+});
+
+test("ticks are round and inside", () => {
+  assert.deepEqual(roundTicks(-24, 24, 6, "°").map(({ text }) => text), ["−20°", "−10°", "0°", "+10°", "+20°"]);
+  assert.deepEqual(roundTicks(0, 1.02, 5, "").map(({ text }) => text), ["0.0", "0.5", "1.0"]);
+  assert.deepEqual(roundTicks(1, 1, 5, ""), []);
+});
+
+test("a year's moments are its days, to the end of the years that are answered", () => {
+  const utc = clockOf("utc");
+  assert.equal(yearSpan({ from: 2024, years: 1 }, utc).times.length, 367);
+  assert.equal(yearSpan({ from: 2026, years: 10 }, utc).step, 4);
+  for (const from of [-1999, 3999]) {
+    const { times } = yearSpan({ from, years: 10 }, utc);
+    assert.ok(position("pluto", times.map((time) => time / 86400e3 + 2440587.5), "apparent_longitude").every(Number.isFinite));
+    assert.ok(times.every((time, k) => k === 0 || time > times[k - 1]));
+  }
+});
+
+test("a line has the library's values, and is interrupted where a body may have gone either way", () => {
+  const days = Float64Array.from({ length: 60 }, (_, k) => Date.UTC(2020, 0, 1) + k * 86400e3);
+  const months = Float64Array.from({ length: 60 }, (_, k) => Date.UTC(2020, k, 1));
+  const { x, value } = skyAt(days).points("moon", "apparent_longitude", 10, 20);
+  assert.deepEqual(x, [9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21]);
+  x.forEach((slot, k) => assert.equal(value[k], position("moon", new Date(days[slot]))));
+  assert.ok(skyAt(months).points("moon", "apparent_longitude", 0, 59).value.some(Number.isNaN));
+  assert.ok(skyAt(months).points("sun", "apparent_longitude", 0, 59).value.every(Number.isFinite));
+});
+
+test("far out a line has a value at every second, fourth, eighth place and at the end", () => {
+  const days = Float64Array.from({ length: 10000 }, (_, k) => Date.UTC(1990, 0, 1) + k * 86400e3);
+  const sky = skyAt(days);
+  const { x, value } = sky.points("mars", "apparent_longitude", 0, 9999);
+  assert.ok(x.length <= 1300 && x[0] === 0 && x[x.length - 1] === 9999);
+  assert.ok(value.every(Number.isFinite));
+  const angle = angleBetween(sky.points("mars", "apparent_longitude", 0, 99), sky.points("sun", "apparent_longitude", 0, 99));
+  angle.x.forEach((slot, k) => {
+    const way = Math.abs(position("mars", new Date(days[slot])) - position("sun", new Date(days[slot])));
+    assert.ok(Math.abs(angle.value[k] - Math.min(way, 360 - way)) < 1e-12);
   });
 });

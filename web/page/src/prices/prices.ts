@@ -225,6 +225,7 @@ export function mount(root: HTMLElement, context: Context): View {
 
   function measured(): void {
     if (started > 0) {
+      performance.clearMeasures("prices redrawn");
       performance.measure("prices redrawn", { start: started, end: performance.now() });
       started = 0;
     }
@@ -302,7 +303,7 @@ export function mount(root: HTMLElement, context: Context): View {
 
   function skyWords(): string {
     const frameOf = context.state.centre === "geo" ? "apparent, geocentric" : "heliocentric";
-    const when = data.isDaily ? ` at ${axisClock(data, context.clock).hourMinute(data.sky.times[0]!)} UTC of each date` : ` at each bar's time`;
+    const when = data.isDaily ? ` at ${axisClock(data, context.clock).hourMinute(data.sky.times[0]!)} UTC of each date` : " at each bar's time, UTC where the file names no zone";
     return `Longitudes ${frameOf}, true equinox of date,${when}.`;
   }
 

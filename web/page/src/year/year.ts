@@ -141,6 +141,7 @@ export function mount(root: HTMLElement, context: Context): View {
   /** How long a change took until its lines were drawn, for those who look into the browser's timeline. */
   function measured(): void {
     if (started > 0) {
+      performance.clearMeasures("year redrawn");
       performance.measure("year redrawn", { start: started, end: performance.now() });
       started = 0;
     }
@@ -258,7 +259,7 @@ export function mount(root: HTMLElement, context: Context): View {
     started = performance.now();
     const { state, clock, theme } = context;
     [years, centre, modulo, curves, shade, bodySet, markSet].forEach((control) => control.update());
-    curves.root.hidden = state.centre === "helio";
+    curves.root.hidden = shade.root.hidden = state.centre === "helio";
     yearInput.value = String(state.from);
     yearInput.removeAttribute("aria-invalid");
 
