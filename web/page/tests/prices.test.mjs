@@ -198,6 +198,16 @@ test("YearlyBarsOfTwoThousandYearsEndWithWhatIsAnswered", LIMIT, async () => {
   });
 });
 
+test("ABodyThatIsTooFastForTheBarsIsNamed", LIMIT, async () => {
+  const lines = Array.from({ length: 240 }, (_, k) => `${2000 + Math.floor(k / 12)}-${String(1 + (k % 12)).padStart(2, "0")},${k + 1}.5`);
+  await withPage("#prices?lines=sun,moon", {}, async (page) => {
+    await settled(page);
+    assert.equal(await page.locator(".warning").textContent(), "");
+    await choose(page, "months.csv", lines.join("\n"));
+    await page.getByText("Moon: too fast to be drawn").waitFor();
+  });
+});
+
 test("OneHundredThousandBarsAreShown", LIMIT, async (t) => {
   const lines = ["Date,Open,High,Low,Close"];
   for (let k = 0; k < 100000; ++k) {

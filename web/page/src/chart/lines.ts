@@ -140,12 +140,16 @@ export function drawCircle(area: Area, x: number, y: number, colour: string): vo
   pen.stroke();
 }
 
+// Narrower spans would be a hatching, and the dates of narrow ones could not be told apart [px].
+const NARROWEST = 2;
+const NARROWEST_DATED = 5;
+
 /** Shades spans over the whole height. */
 export function drawShade(area: Area, spans: readonly Span[]): void {
   const { pen, xOf, height, colours } = area;
   for (const { from, to, beginsHere, endsHere } of spans) {
     const [left, right] = [xOf(from), xOf(to)];
-    if (right < 0 || left > area.width) {
+    if (right < 0 || left > area.width || right - left < NARROWEST) {
       continue;
     }
     pen.fillStyle = colours.retrograde;
@@ -167,6 +171,9 @@ export function drawShade(area: Area, spans: readonly Span[]): void {
 export function drawShadeDates(area: Area, taken: Taken, spans: readonly Span[], date: (time: number) => string): void {
   for (const { from, to, beginsHere, endsHere } of spans) {
     const [left, right] = [area.xOf(from), area.xOf(to)];
+    if (right - left < NARROWEST_DATED) {
+      continue;
+    }
     // Outside where the span is too narrow for both.
     const isNarrow = right - left < 2 * area.pen.measureText("28 Nov 26").width;
     if (beginsHere) {

@@ -8,7 +8,7 @@ import { bodyChecks, checks, folded, list, numberField } from "../chart/controls
 import { curveLayers } from "../chart/curves.js";
 import { eventTable } from "../chart/event_table.js";
 import { createFrame } from "../chart/frame.js";
-import type { Frame } from "../chart/frame.js";
+import type { Area, Frame } from "../chart/frame.js";
 import { drawShade, drawShadeDates } from "../chart/lines.js";
 import { MARK_NAMES, bodiesOf, byKind, longitudeField, searchLater, searchSteps } from "../chart/marks.js";
 import type { Mark, MarkList } from "../chart/marks.js";
@@ -55,7 +55,7 @@ export function mount(root: HTMLElement, context: Context): View {
   let stopSearch = () => {};
   let lists: ReadonlyMap<MarkKind, MarkList> = new Map();
   let family: Family = { unit: 1, spacing: 90, isMirrored: false };
-  let tooMany = "";
+  const warnings = { dense: "", fast: "" };
   let started = 0;
   let shownSeen = "";
   let prices = shownPrices();
@@ -182,17 +182,14 @@ export function mount(root: HTMLElement, context: Context): View {
       frame.attach(candles, overlay({
         bodies, family: () => family, scale: (area) => priceScaleOf(candles!, area),
         points: (body, area) => data.sky.points(body, longitudeField(context.state.centre), area.first, area.last),
-        drawn(bodiesLeft) {
+        drawn(tooMany) {
           measured();
-          const text = bodiesLeft.length === 0 ? "" :
-            "The lines lie too close together to be drawn. Choose a larger price per degree or lines further apart.";
-          if (text !== tooMany) {
-            tooMany = text;
-            warning.textContent = text;
-          }
+          warn("dense", tooMany.length === 0 ? "" :
+            "The lines lie too close together to be drawn. Choose a larger price per degree or lines further apart.");
         },
       }));
     }
+    frame.attach(candles, { draw: warnOfFastBodies });
     frame.attach(candles, { draw: (area) => drawShadeDates(area, { boxes: [] }, shaded(), date) });
     state.panes.forEach((which, k) => {
       const layers = curveLayers(furtherPane(which, source, common));
@@ -221,6 +218,20 @@ export function mount(root: HTMLElement, context: Context): View {
       const time = frame!.stamp(slot);
       return k < 0 ? { time } : { time, open: bars.open[k]!, high: bars.high[k]!, low: bars.low[k]!, close: bars.close[k]! };
     }));
+  }
+
+  /** Says what cannot be drawn, once. */
+  function warn(what: keyof typeof warnings, text: string): void {
+    if (warnings[what] !== text) {
+      warnings[what] = text;
+      warning.textContent = `${warnings.dense} ${warnings.fast}`.trim();
+    }
+  }
+
+  function warnOfFastBodies({ first, last }: Area): void {
+    const fast = bodies().filter((body) => data.sky.isTooFast(body, first, last)).map((body) => BODY_LOOKS[body].name);
+    warn("fast", fast.length === 0 ? "" :
+      `${fast.join(" and ")}: too fast to be drawn over so long a time or such long bars. Zoom in, or choose slower bodies.`);
   }
 
   function measured(): void {
@@ -344,8 +355,8 @@ export function mount(root: HTMLElement, context: Context): View {
     controls.first.root.hidden = controls.second.root.hidden = !state.panes.includes("angle");
     controls.hour.root.hidden = !data.isDaily;
     controls.prices.root.hidden = !data.isPositive;
-    if (!isPrice && tooMany !== "") {
-      warning.textContent = tooMany = "";
+    if (!isPrice) {
+      warn("dense", "");
     }
     search();
     const isBuilt = frame !== null;

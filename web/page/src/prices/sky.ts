@@ -29,7 +29,16 @@ export interface Sky {
   /** The values of what is seen from `first` to `last` and a little beyond. A longitude is interrupted where
    * the places lie too far apart to tell how it moved. */
   points(body: BodyName, field: FieldName, first: number, last: number): Points;
+  /** Whether the places of a drawing lie too far apart for a longitude of the body. */
+  isTooFast(body: BodyName, first: number, last: number): boolean;
 }
+
+/** A drawing has a value at every so many places. */
+function strideOf(first: number, last: number): number {
+  return 2 ** Math.max(0, Math.ceil(Math.log2((last - first + 1) / MOST_PLACES)));
+}
+
+const longestStep = (body: BodyName) => (LARGEST_STEP / FASTEST[body]) * 86400e3;
 
 const LONGITUDES: readonly FieldName[] = ["apparent_longitude", "helio_longitude"];
 
@@ -44,13 +53,13 @@ export function skyAt(times: Float64Array): Sky {
     },
     points(body, field, first, last) {
       const column = columns(body, field);
-      const stride = 2 ** Math.max(0, Math.ceil(Math.log2((last - first + 1) / MOST_PLACES)));
+      const stride = strideOf(first, last);
       const from = Math.max(0, (Math.floor(first / stride) - 1) * stride);
       const to = Math.min(times.length - 1, (Math.ceil(last / stride) + 1) * stride);
       column.fill(from, to, stride);
       column.fill(to, to, 1);
       const points: Points = { x: [], value: [] };
-      const most = LONGITUDES.includes(field) ? (LARGEST_STEP / FASTEST[body]) * 86400e3 : Infinity;
+      const most = LONGITUDES.includes(field) ? longestStep(body) : Infinity;
       const add = (slot: number) => {
         const before = points.x[points.x.length - 1];
         if (before !== undefined && times[slot]! - times[before]! > most) {
@@ -67,6 +76,10 @@ export function skyAt(times: Float64Array): Sky {
         add(to);
       }
       return points;
+    },
+    isTooFast(body, first, last) {
+      const places = (last - first) / strideOf(first, last);
+      return last > first && (times[last]! - times[first]!) / places > longestStep(body);
     },
   };
 }
