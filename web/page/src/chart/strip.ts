@@ -12,6 +12,7 @@ import type { MarkKind } from "../state.js";
 const ROW = 20;
 // So far apart phases have to lie for any to be drawn [px].
 const FEWEST = 2.8;
+const MANY_ECLIPSES = 50;
 
 const ROW_NAMES: Readonly<Record<MarkKind, string>> = {
   phases: "Phases", eclipses: "Eclipses", seasons: "Seasons", ingresses: "Signs", aspects: "Aspects", stations: "Stations",
@@ -110,7 +111,9 @@ export function strip(
         }
         for (const [mark, x] of all) {
           if (kind === "eclipses") {
-            if (drawTextRoom(taken, x - 9, x + 10)) {
+            // Where many are left out, those that stay stand apart.
+            const apart = all.length > MANY_ECLIPSES ? 10 : 0;
+            if (drawTextRoom(taken, x - 9, x + 10 + apart)) {
               drawEclipse(area, mark, x, y);
             }
             continue;
