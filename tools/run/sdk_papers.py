@@ -18,7 +18,11 @@ DATE = "2026-01-01T00:00:00Z"  # that of the archive's files
 NOTHING = "NOASSERTION"
 
 
-def version_of(package):
+def version_of(program):
+    if "npm" in program:
+        lock = json.loads((ROOT / "web/page/package-lock.json").read_text(encoding="utf-8"))
+        return lock["packages"][f"node_modules/{program['npm']}"]["version"]
+    package = program["package"]
     run = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package], capture_output=True, text=True)
     if run.returncode != 0 or not run.stdout:
         sys.exit(f"sdk_papers.py: {package} is not installed, and its licence has to be told")
@@ -40,8 +44,8 @@ def third_party(parties):
         text += f"  {data['name']} ({data['used']}): {data['source']}\n"
     text += "\nPrograms:\n\n"
     for program in parties["programs"]:
-        text += f"  {program['name']} {version_of(program['package'])} ({program['license']}): {program['used']}\n"
-    for program in parties["programs"]:
+        text += f"  {program['name']} {version_of(program)} ({program['license']}): {program['used']}\n"
+    for program in (one for one in parties["programs"] if "package" in one):
         text += f"\n{rule}{program['name']}\n{rule}\n{licence_text(program['package'])}"
     return text
 
@@ -71,7 +75,7 @@ def materials(folder, version, parties):
     relations = [{"spdxElementId": "SPDXRef-DOCUMENT", "relationshipType": "DESCRIBES",
                   "relatedSpdxElement": own["SPDXID"]}]
     for number, one in enumerate(parties["programs"]):
-        packages.append(package(f"Program-{number}", one["name"], version_of(one["package"]), one["license"],
+        packages.append(package(f"Program-{number}", one["name"], version_of(one), one["license"],
                                 comment=one["used"]))
         relations.append({"spdxElementId": own["SPDXID"], "relationshipType": "CONTAINS",
                           "relatedSpdxElement": packages[-1]["SPDXID"]})
@@ -105,8 +109,8 @@ def digest_of(words):
 def main():
     folder, version = Path(sys.argv[1]), sys.argv[2]
     parties = json.loads((ROOT / "packaging/third_party.json").read_text(encoding="utf-8"))
-    # What is in one folder alone is left out with it.
-    parties["programs"] = [one for one in parties["programs"] if (folder / one.get("folder", ".")).is_dir()]
+    # What is in one folder or file alone is left out with it.
+    parties["programs"] = [one for one in parties["programs"] if (folder / one.get("where", ".")).exists()]
     (folder / "THIRD-PARTY.txt").write_text(third_party(parties), encoding="utf-8")
     (folder / "zenithor.spdx.json").write_text(
         json.dumps(materials(folder, version, parties), indent=1) + "\n", encoding="utf-8")
