@@ -12,8 +12,8 @@
 #endif
 #include <windows.h>
 #elif !defined(__wasm__)
+#include <signal.h>
 #include <sys/mman.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -38,9 +38,10 @@ bool Lives(std::uint32_t /*thread*/) {
 std::uint32_t ThisThread() { return 1; }
 bool Lives(std::uint32_t /*thread*/) { return true; }
 #else
-std::uint32_t ThisThread() { return static_cast<std::uint32_t>(syscall(SYS_gettid)); }
+std::uint32_t ThisThread() { return static_cast<std::uint32_t>(gettid()); }
 bool Lives(std::uint32_t thread) {
-  return syscall(SYS_tgkill, getpid(), thread, 0) == 0 || errno != ESRCH;
+  constexpr int kNoSignal = 0;  // only whether one could be sent
+  return tgkill(getpid(), static_cast<pid_t>(thread), kNoSignal) == 0 || errno != ESRCH;
 }
 #endif
 
