@@ -31,9 +31,8 @@ constexpr std::uint32_t kCallsBetween = std::uint32_t{1} << 16;  // tries of one
 // back later then.
 #ifdef _WIN32
 std::uint32_t ThisThread() { return GetCurrentThreadId(); }
-bool Lives(std::uint32_t /*thread*/) {
-  return true;
-}  // ReleaseAnswers has run for those that ended
+// ReleaseAnswers has run for those that ended.
+bool Lives(std::uint32_t /*thread*/) { return true; }
 #elif defined(__wasm__)
 std::uint32_t ThisThread() { return 1; }
 bool Lives(std::uint32_t /*thread*/) { return true; }

@@ -65,9 +65,14 @@ def package(identity, name, version, licence, purpose="LIBRARY", **more):
 
 
 def materials(folder, version, parties):
+    listed = []
+    for number, file in enumerate(files_of(folder, {"SHA256SUMS", "zenithor.spdx.json"})):
+        listed.append({"SPDXID": f"SPDXRef-File-{number}", "fileName": f"./{file.relative_to(folder).as_posix()}",
+                       "checksums": [{"algorithm": "SHA1", "checksumValue": digest(file, "sha1")},
+                                     {"algorithm": "SHA256", "checksumValue": digest(file, "sha256")}],
+                       "licenseConcluded": NOTHING, "copyrightText": NOTHING})
+    sums = sorted(file["checksums"][0]["checksumValue"] for file in listed)
     own = package("Zenithor", "zenithor", version, "MIT", "LIBRARY")
-    files = files_of(folder, {"SHA256SUMS", "zenithor.spdx.json"})
-    sums = sorted(digest(file, "sha1") for file in files)
     own |= {"filesAnalyzed": True, "copyrightText": "Copyright 2026 the Zenithor authors",
             "packageVerificationCode": {
                 "packageVerificationCodeValue": hashlib.sha1("".join(sums).encode()).hexdigest()}}
@@ -84,26 +89,16 @@ def materials(folder, version, parties):
         del packages[-1]["versionInfo"]
         relations.append({"spdxElementId": own["SPDXID"], "relationshipType": "GENERATED_FROM",
                           "relatedSpdxElement": packages[-1]["SPDXID"]})
-    listed = []
-    for number, file in enumerate(files):
-        identity = f"SPDXRef-File-{number}"
-        listed.append({"SPDXID": identity, "fileName": f"./{file.relative_to(folder).as_posix()}",
-                       "checksums": [{"algorithm": "SHA1", "checksumValue": digest(file, "sha1")},
-                                     {"algorithm": "SHA256", "checksumValue": digest(file, "sha256")}],
-                       "licenseConcluded": NOTHING, "copyrightText": NOTHING})
+    for file in listed:
         relations.append({"spdxElementId": own["SPDXID"], "relationshipType": "CONTAINS",
-                          "relatedSpdxElement": identity})
-    everything = digest_of([file["checksums"][1]["checksumValue"] for file in listed])
+                          "relatedSpdxElement": file["SPDXID"]})
+    everything = hashlib.sha256("".join(file["checksums"][1]["checksumValue"] for file in listed).encode()).hexdigest()
     return {"spdxVersion": "SPDX-2.3", "dataLicense": "CC0-1.0", "SPDXID": "SPDXRef-DOCUMENT",
             "name": f"zenithor-sdk-{version}",
             "documentNamespace": f"urn:zenithor:sdk:{version}:{everything}",
             "creationInfo": {"created": DATE, "creators": ["Organization: the Zenithor authors",
                                                            "Tool: sdk_papers.py"]},
             "packages": packages, "files": listed, "relationships": relations}
-
-
-def digest_of(words):
-    return hashlib.sha256("".join(words).encode()).hexdigest()
 
 
 def main():
