@@ -12,7 +12,7 @@ export const PAGE = pathToFileURL(fileURLToPath(new URL("../zenithor-almanac.htm
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 
 export const LIMIT = { timeout: 60000 };
-export const WIDTHS = [1440, 768, 390];
+const WIDTHS = [1440, 768, 390];
 
 let browser;
 
@@ -75,6 +75,22 @@ export async function violations(page) {
 export async function tableOf(page, selector = "table") {
   return page.locator(selector).first().evaluate((table) =>
     [...table.rows].map((row) => [...row.cells].map((cell) => cell.textContent.trim())));
+}
+
+/** A chart's view at every width, light at one of them: nothing sticks out, and axe-core is content on a
+ * phone with all settings open. */
+export async function fitsEveryWidth(fragment, lightAt, settled, settings) {
+  for (const width of WIDTHS) {
+    const colorScheme = width === lightAt ? "light" : "dark";
+    await withPage(fragment, { viewport: { width, height: 900 }, colorScheme }, async (page) => {
+      await settled(page);
+      assert.equal(await page.evaluate(() => document.documentElement.scrollWidth - innerWidth), 0);
+      if (width === 390) {
+        await page.getByText(settings).click();
+        assert.deepEqual(await violations(page), []);
+      }
+    });
+  }
 }
 
 /** A view at every width, in light and dark: nothing sticks out, and axe-core is content at the widest

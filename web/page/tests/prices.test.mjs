@@ -5,7 +5,7 @@ import { test } from "node:test";
 import { unpack } from "../modules/src/unpack.mjs";
 import { aspects, position, stations } from "../modules/src/index.mjs";
 import { sampleBars } from "../modules/page/src/prices/sample.mjs";
-import { LIMIT, WIDTHS, tableOf, useBrowser, violations, withPage } from "./harness.mjs";
+import { LIMIT, fitsEveryWidth, tableOf, useBrowser, violations, withPage } from "./harness.mjs";
 
 useBrowser();
 await unpack();
@@ -323,19 +323,8 @@ test("ScalesAndFamiliesAreHeldByTheLink", LIMIT, async () => {
   });
 });
 
-test("ItFitsEveryWidthAndHasNoBarriers", LIMIT, async () => {
-  for (const [k, width] of WIDTHS.entries()) {
-    const colorScheme = k === 1 ? "light" : "dark";
-    await withPage("#prices?panes=declination,angle", { viewport: { width, height: 900 }, colorScheme }, async (page) => {
-      await settled(page);
-      assert.equal(await page.evaluate(() => document.documentElement.scrollWidth - innerWidth), 0);
-      if (width === 390) {
-        await page.getByText("Bodies, panes, events, future").click();
-        assert.deepEqual(await violations(page), []);
-      }
-    });
-  }
-});
+test("ItFitsEveryWidthAndHasNoBarriers", LIMIT, () =>
+  fitsEveryWidth("#prices?panes=declination,angle", 768, settled, "Bodies, panes, events, future"));
 
 test("ThePictureAndTheTableAreSaved", LIMIT, async () => {
   await withPage("#prices", {}, async (page) => {

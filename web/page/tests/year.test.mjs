@@ -5,7 +5,7 @@ import { execFileSync } from "node:child_process";
 import { test } from "node:test";
 import { unpack } from "../modules/src/unpack.mjs";
 import { aspects, events, ingresses, position, stations } from "../modules/src/index.mjs";
-import { LIMIT, WIDTHS, tableOf, useBrowser, violations, withPage } from "./harness.mjs";
+import { LIMIT, fitsEveryWidth, tableOf, useBrowser, withPage } from "./harness.mjs";
 
 useBrowser();
 await unpack();
@@ -162,8 +162,10 @@ test("LinksHoldWhatIsZoomedTo", LIMIT, async () => {
     await page.locator(".chart").focus();
     for (let k = 0; k < 4; ++k) {
       await page.keyboard.press("+");
+      await page.waitForTimeout(60); // the next step starts from what this one shows
     }
-    await page.waitForFunction(() => location.hash.includes("seen="));
+    // The link follows at its own pace, and may hold one of the first steps for a while.
+    await page.waitForFunction(() => /seen=([\d-]+)/.exec(location.hash)?.[1] > "2026-03-01");
     link = await page.evaluate(() => location.hash);
     const [from, to] = days(link);
     assert.ok(from > "2026-03-01" && to < "2026-10-31" && from < to, link);
@@ -195,19 +197,8 @@ test("TheEndsOfTimeAreShown", LIMIT, async () => {
   }
 });
 
-test("ItFitsEveryWidthAndHasNoBarriers", LIMIT, async () => {
-  for (const [k, width] of WIDTHS.entries()) {
-    const colorScheme = k === 0 ? "light" : "dark";
-    await withPage("#year?from=2026&modulo=90", { viewport: { width, height: 900 }, colorScheme }, async (page) => {
-      await settled(page);
-      assert.equal(await page.evaluate(() => document.documentElement.scrollWidth - innerWidth), 0);
-      if (width === 390) {
-        await page.getByText("Bodies, events").click();
-        assert.deepEqual(await violations(page), []);
-      }
-    });
-  }
-});
+test("ItFitsEveryWidthAndHasNoBarriers", LIMIT, () =>
+  fitsEveryWidth("#year?from=2026&modulo=90", 1440, settled, "Bodies, events"));
 
 test("ThePictureIsSaved", LIMIT, async () => {
   await withPage("#year?from=2026", {}, async (page) => {
